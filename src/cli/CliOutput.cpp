@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CliOutput.h"
+
+#include "ExitCode.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTextStream>
+
+namespace lorvane::cli {
+
+namespace {
+
+QTextStream& out()
+{
+    static QTextStream stream(stdout);
+    return stream;
+}
+
+QTextStream& err()
+{
+    static QTextStream stream(stderr);
+    return stream;
+}
+
+QString yesNo(bool value)
+{
+    return value ? QStringLiteral("yes") : QStringLiteral("no");
+}
+
+} // namespace
+
+void CliOutput::printJson(const QJsonObject& object)
+{
+    out() << QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Indented));
+    out().flush();
+}
+
+void CliOutput::printInfo(const QJsonObject& info)
+{
+    QTextStream& o = out();
+    o << "File:    " << info.value(QStringLiteral("file")).toString() << '\n';
+    if (info.contains(QStringLiteral("deviceMasterLog")))
+        o << "Device Master Log: " << info.value(QStringLiteral("deviceMasterLog")).toString()
+          << '\n';
+    o << "Version: " << QString::number(info.value(QStringLiteral("version")).toDouble(), 'f', 2)
+      << '\n';
+    o << "Note:    " << info.value(QStringLiteral("note")).toString() << '\n';
+
+    o << "\nDevice\n";
+    const QJsonObject device = info.value(QStringLiteral("device")).toObject();
+    for (const char* key : {"DeviceTypeID", "DeviceType", "HardwareName", "HardwareID", "Address",
+                            "FileName", "FilePath", "Status", "KGate", "FirmwareInfo3",
+                            "HasNominalVoltage"}) {
+        const QJsonValue value = device.value(QLatin1String(key));
+        QString text = value.isBool() ? yesNo(value.toBool()) : value.toVariant().toString();
+        o << "  " << QString::fromLatin1(key).leftJustified(18) << text << '\n';
+    }
+    for (const QJsonValue& label : device.value(QStringLiteral("UserItemLabels")).toArray()) {
+        const QJsonObject l = label.toObject();
+        o << "  Item label " << l.value(QStringLiteral("Item_Index")).toInteger() << ": "
+          << l.value(QStringLiteral("Label")).toString() << '\n';
+    }
+
+    o << "\nLog inventory\n";
+    for (const QJsonValue& entry : info.value(QStringLiteral("logAvailable")).toArray()) {
+        const QJsonObject e = entry.toObject();
+        o << "  " << QString::number(e.value(QStringLiteral("index")).toInt()).rightJustified(2)
+          << ' ' << e.value(QStringLiteral("name")).toString().leftJustified(18)
+          << yesNo(e.value(QStringLiteral("available")).toBool()) << '\n';
+    }
+
+    if (info.contains(QStringLiteral("logFiles"))) {
+        o << "\nLog files\n";
+        for (const QJsonValue& entry : info.value(QStringLiteral("logFiles")).toArray()) {
+            const QJsonObject e = entry.toObject();
+            o << "  " << e.value(QStringLiteral("name")).toString().leftJustified(18)
+              << (e.value(QStringLiteral("present")).toBool() ? "present" : "absent") << '\n';
+        }
+    }
+
+    o << "\nLogs\n";
+    for (const QJsonValue& entry : info.value(QStringLiteral("logs")).toArray()) {
+        const QJsonObject e = entry.toObject();
+        QString name = e.value(QStringLiteral("name")).toString();
+        if (e.contains(QStringLiteral("file")))
+            name += QStringLiteral(" (") + e.value(QStringLiteral("file")).toString() +
+                    QLatin1Char(')');
+        o << "  " << name.leftJustified(36) << e.value(QStringLiteral("text")).toString() << "  ("
+          << e.value(QStringLiteral("records")).toInteger() << " records)\n";
+    }
+    o.flush();
+}
+
+void CliOutput::warn(const QString& message)
+{
+    err() << "warning: " << message << '\n';
+    err().flush();
+}
+
+void CliOutput::error(const QString& message)
+{
+    err() << message << '\n';
+    err().flush();
+}
+
+QString CliOutput::usageText()
+{
+    return QStringLiteral("usage: lorvane-cli COMMAND [ARGUMENTS]\n"
+                          "commands:\n"
+                          "  info FILE [--json]   version, device, log inventory and log tree "
+                          "of a meter database or Device Master Log (.dml)\n");
+}
+
+int CliOutput::usage(const QString& message)
+{
+    if (!message.isEmpty())
+        err() << "lorvane-cli: " << message << '\n';
+    err() << usageText();
+    err().flush();
+    return Usage;
+}
+
+} // namespace lorvane::cli

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// lorvane-cli: the core without a screen, for scripts and batch work.
+#include "CliOutput.h"
+#include "ExitCode.h"
+#include "InfoCommand.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (arguments.isEmpty())
+        return lorvane::cli::CliOutput::usage(QStringLiteral("no command given"));
+    const QString command = arguments.takeFirst();
+    if (command == QLatin1String("--help") || command == QLatin1String("help")) {
+        QTextStream(stdout) << lorvane::cli::CliOutput::usageText();
+        return lorvane::cli::Success;
+    }
+    if (command == QLatin1String("info"))
+        return lorvane::cli::InfoCommand::run(arguments);
+    return lorvane::cli::CliOutput::usage(QStringLiteral("unknown command: ") + command);
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MeterDatabase.h"
+
+#include "MeterMessages.h"
+#include "platform/Fault.h"
+#include "platform/StorageError.h"
+
+#include <QFileInfo>
+
+namespace lorvane {
+
+namespace {
+
+Fault faultFor(const StorageError& e, const QString& step, const QString& path)
+{
+    switch (e.kind()) {
+    case StorageError::Kind::FileMissing:
+        return Fault(Fault::Kind::FileMissing, MeterMessages::fileMissing(path), step, path);
+    case StorageError::Kind::NotADatabase:
+        return Fault(Fault::Kind::NotADatabase, MeterMessages::notADatabase(path), step, path);
+    case StorageError::Kind::ReadOnly:
+        return Fault(Fault::Kind::ReadOnly,
+                     MeterMessages::readOnlyAttribute(QFileInfo(path).fileName()), step, path);
+    case StorageError::Kind::Engine:
+        break;
+    }
+    return Fault(Fault::Kind::Other, MeterMessages::engineFailure(step, path, e.detail()), step,
+                 path);
+}
+
+} // namespace
+
+MeterDatabase::MeterDatabase(const QString& path, const QString& step) : m_path(path)
+{
+    try {
+        m_db = std::make_unique<SqliteDatabase>(path, SqliteDatabase::Mode::ReadOnly);
+    } catch (const StorageError& e) {
+        throw faultFor(e, step, path);
+    }
+}
+
+void MeterDatabase::rethrow(const QString& step, const std::exception& e) const
+{
+    if (const auto* fault = dynamic_cast<const Fault*>(&e))
+        throw *fault;
+    if (const auto* storage = dynamic_cast<const StorageError*>(&e))
+        throw faultFor(*storage, step, m_path);
+    throw Fault(Fault::Kind::Other,
+                MeterMessages::engineFailure(step, m_path, QString::fromUtf8(e.what())), step,
+                m_path);
+}
+
+QString MeterDatabase::fileName() const
+{
+    return QFileInfo(m_path).fileName();
+}
+
+bool MeterDatabase::readOnlyAttribute() const
+{
+    return !QFileInfo(m_path).isWritable();
+}
+
+double MeterDatabase::version()
+{
+    return guarded(QStringLiteral("GetDB_Version"), [&] {
+        const QVariant value =
+            m_db->scalar(QStringLiteral("SELECT [Version] FROM [ID_Table] LIMIT 1"));
+        return value.isValid() ? value.toDouble() : -1.0;
+    });
+}
+
+QString MeterDatabase::note()
+{
+    return guarded(QStringLiteral("GetDB_Version"), [&] {
+        return m_db->scalar(QStringLiteral("SELECT [Note] FROM [ID_Table] LIMIT 1")).toString();
+    });
+}
+
+} // namespace lorvane
