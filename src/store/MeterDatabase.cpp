@@ -57,7 +57,9 @@ QString MeterDatabase::fileName() const
 
 bool MeterDatabase::readOnlyAttribute() const
 {
-    return !QFileInfo(m_path).isWritable();
+    // The attribute is the file's own mark, not whether this user could write it anyway
+    // (an administrator can write any file).
+    return !(QFileInfo(m_path).permissions() & QFileDevice::WriteOwner);
 }
 
 double MeterDatabase::version()

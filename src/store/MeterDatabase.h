@@ -21,7 +21,7 @@ public:
     const QString& path() const { return m_path; }
     /// File name without folder.
     QString fileName() const;
-    /// The file bears no write permission for this user.
+    /// The file bears the read-only mark: its owner may not write it.
     bool readOnlyAttribute() const;
 
     /// `Version` of the first row of `ID_Table`; -1 when the table has no row.
