@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "StartupSequence.h"
+
+#include "BuildInfo.h"
+#include "RunContext.h"
+#include "StartupHost.h"
+#include "platform/ProfileFile.h"
+#include "platform/SqliteDatabase.h"
+#include "platform/StoredPath.h"
+#include "store/TempQueryDatabase.h"
+
+#include <QLocale>
+#include <exception>
+
+namespace lorvane {
+
+StartupSequence::StartupSequence(StartupHost& host, RunContext& context)
+    : m_host(host), m_context(context)
+{
+}
+
+StartupSequence::Outcome StartupSequence::run(const QString& commandLine)
+{
+    nameProcess();
+    findFolders();
+    prepareScratchDatabase();
+    m_context.helpFile =
+        StoredPath::toLocal(m_context.paths.progDataPath + "/../Tessera_Ext/Tessera Ext.Hlp");
+
+    if (!openDictionary()) {
+        signalDictionaryFailure();
+        return Outcome::StoppedByDictionary;
+    }
+
+    m_context.settings.read(m_context.paths.settingsFile,
+                            [this](const QString& application, const QString& section,
+                                   const QString& key, const QString& defaultValue) {
+                                return m_host.userSetting(application, section, key, defaultValue);
+                            });
+    fillFixedDataPoints();
+    // A command line of blanks is still text: the command parser decides that it holds nothing.
+    m_context.commandLine = commandLine;
+
+    m_host.loadMainFrame(m_context);
+    m_host.showSelectionWindow();
+    readTechnicianFlag();
+    return Outcome::Running;
+}
+
+void StartupSequence::nameProcess()
+{
+    m_context.processId = m_host.processId();
+    // The id in the title tells two running copies apart.
+    m_context.title = m_context.shortName + QStringLiteral(" (v%1.%2.%3, PID=%4)")
+                                                .arg(buildinfo::versionMajor)
+                                                .arg(buildinfo::versionMinor)
+                                                .arg(buildinfo::versionPatch)
+                                                .arg(m_context.processId);
+
+    const QLocale locale = QLocale::system();
+    m_context.shortDateFormat = locale.dateFormat(QLocale::ShortFormat);
+    m_context.timeFormat = locale.timeFormat(QLocale::LongFormat);
+    m_context.numberFormat = QStringLiteral("0.00");
+    m_context.headerColour = {54, 94, 174};
+    m_context.headerTextColour = {255, 255, 255};
+}
+
+void StartupSequence::findFolders()
+{
+    StartupPaths& paths = m_context.paths;
+    m_context.systemFolder = m_host.systemFolder();
+    paths.pathsFile = StartupPaths::locatePathsFile(
+        m_context.systemFolder,
+        m_host.registryString(QStringLiteral("HKEY_LOCAL_MACHINE\\software\\qlm_software\\path"),
+                              QStringLiteral("software_ini_path")));
+    paths.resolveProgramFolders();
+    paths.nameListDatabase = StartupPaths::locateNameList(paths.pathsFile, m_context.systemFolder);
+    paths.converterFolder =
+        StartupPaths::locateConverterFolder(paths.pathsFile, paths.userDataPath);
+    paths.deriveFolders();
+}
+
+void StartupSequence::prepareScratchDatabase()
+{
+    const QString templatePath =
+        StoredPath::child(m_context.paths.resourceFolder, QStringLiteral("LorvaneTempQuery.DB"));
+    // Without a template or a scratch database start-up goes on; the first query reports it.
+    try {
+        m_context.templateFound = TempQueryDatabase::upgradeTemplate(templatePath);
+    } catch (const std::exception&) {
+        m_context.templateFound = false;
+    }
+    try {
+        m_context.scratch = TempQueryDatabase::create(templatePath, m_context.paths.scratchFolder,
+                                                      m_context.processId);
+    } catch (const std::exception&) {
+        m_context.scratch.reset();
+    }
+}
+
+bool StartupSequence::openDictionary()
+{
+    try {
+        m_context.dictionary = std::make_unique<SqliteDatabase>(m_context.paths.nameListDatabase,
+                                                                SqliteDatabase::Mode::ReadOnly);
+    } catch (const std::exception&) {
+        return false;
+    }
+    return m_context.deviceTypes.loadDeviceTypes(*m_context.dictionary);
+}
+
+void StartupSequence::signalDictionaryFailure()
+{
+    for (const int milliseconds : beepWaits) {
+        m_host.beep();
+        m_host.wait(milliseconds);
+    }
+    m_host.beep();
+}
+
+void StartupSequence::fillFixedDataPoints()
+{
+    // Labels are resolved through the dictionary once it can name points; the ids and flags
+    // are what the selection window hands on.
+    for (std::size_t i = 0; i < m_context.twelveFixedPoints.size(); ++i)
+        m_context.twelveFixedPoints[i] = {false, RunContext::twelveFixedIds[i], QString()};
+    for (std::size_t i = 0; i < m_context.sixFixedPoints.size(); ++i)
+        m_context.sixFixedPoints[i] = {false, RunContext::sixFixedIds[i], QString()};
+}
+
+void StartupSequence::readTechnicianFlag()
+{
+    ProfileFile pathsFile(m_context.paths.pathsFile);
+    const QString section = QStringLiteral("QLM Tessera Ext");
+    const QString key = QStringLiteral("Techmode");
+    const QString value = pathsFile.readString(section, key, QStringLiteral("Not Found"));
+    if (value == QLatin1String("Not Found")) {
+        // Written so that the paths file shows the key to turn the technician mode on.
+        pathsFile.writeString(section, key, QStringLiteral("0"));
+        m_context.technicianMode = false;
+        return;
+    }
+    m_context.technicianMode = value.trimmed().toInt() > 0;
+}
+
+} // namespace lorvane

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "LorvaneStartupHost.h"
+
+#include "TalLorvane.h"
+
+#include <QApplication>
+
+namespace lorvane {
+
+LorvaneStartupHost::LorvaneStartupHost() = default;
+
+LorvaneStartupHost::~LorvaneStartupHost() = default;
+
+void LorvaneStartupHost::beep()
+{
+    QApplication::beep();
+}
+
+void LorvaneStartupHost::loadMainFrame(RunContext& context)
+{
+    m_frame = std::make_unique<TalLorvane>(context);
+}
+
+void LorvaneStartupHost::showSelectionWindow()
+{
+    if (m_frame)
+        m_frame->showSelectionWindow();
+}
+
+} // namespace lorvane

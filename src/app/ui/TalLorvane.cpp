@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "TalLorvane.h"
+
+#include "AllLogsFrm.h"
+#include "app/RunContext.h"
+#include "store/TempQueryDatabase.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScreen>
+#include <QStatusBar>
+
+namespace lorvane {
+
+TalLorvane::TalLorvane(RunContext& context, QWidget* parent)
+    : QMainWindow(parent), m_context(context)
+{
+    setObjectName(QStringLiteral("TalLorvane"));
+    setWindowTitle(m_context.title);
+    m_mdiArea = new QMdiArea(this);
+    setCentralWidget(m_mdiArea);
+    statusBar();
+
+    m_selection = new AllLogsFrm;
+    m_selectionWindow = m_mdiArea->addSubWindow(m_selection);
+    // The selection window is made once and reused; closing it must not destroy it.
+    m_selectionWindow->setAttribute(Qt::WA_DeleteOnClose, false);
+
+    resize(1024, 720);
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        move(screen->availableGeometry().center() - rect().center());
+
+    // Files of crashed runs go now; a running copy's own file is left alone.
+    if (!m_context.paths.scratchFolder.isEmpty())
+        m_removedScratchFiles = TempQueryDatabase::removeStaleFiles(m_context.paths.scratchFolder);
+}
+
+void TalLorvane::showSelectionWindow()
+{
+    show();
+    m_selectionWindow->show();
+    m_mdiArea->setActiveSubWindow(m_selectionWindow);
+}
+
+void TalLorvane::closeEvent(QCloseEvent* event)
+{
+    m_context.shutDown();
+    event->accept();
+}
+
+} // namespace lorvane
