@@ -287,6 +287,7 @@ CREATE TABLE [RelayLogAtmp] (
     [InputStatus] INTEGER,
     [InputStatusB] INTEGER DEFAULT 0,
     [GateStatus] INTEGER,
+    [GIndex] INTEGER,
     [DeviceIndex] INTEGER DEFAULT -1
 );
 
