@@ -363,7 +363,8 @@ TableLayout MeterSchema::relayLog() const
         layout.add(n("InputInfo%1", i), T::Text);
     return layout.add(s("InputStatus"), T::Long)
         .add(s("InputStatusB"), T::Long, s("0"))
-        .add(s("GateStatus"), T::Long);
+        .add(s("GateStatus"), T::Long)
+        .add(s("GIndex"), T::Long); // the record's number, unique in the file
 }
 
 TableLayout MeterSchema::flickerMaxMin() const
