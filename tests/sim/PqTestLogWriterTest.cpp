@@ -7,6 +7,7 @@
 #include "store/MeterSchema.h"
 
 #include <QTemporaryDir>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
 #include <stdexcept>
@@ -136,9 +137,20 @@ TEST(PqTestLogWriter, ShortPeriodGivesOneRowCountingWhatTheMeterMeasured)
     // 2-hour windows: 10-12 and 12-14 of day 2 touch the outage, 14-16 the test mode.
     EXPECT_EQ(file.bins(1, 4, 1), 24 - 3);
     expectConsistentRow(file, 1);
-    // The outage is one long interruption on each voltage channel.
-    EXPECT_EQ(file.bins(1, 135, 1), 3);
-    EXPECT_EQ(file.bins(1, 162, 3), file.bins(1, 134, 2));
+    // Events are those of the PQ log: every dip, interruption, swell and transient of the
+    // period, the ones during the outage and the test mode included.
+    const auto& events = file.model().disturbances();
+    const auto count = [&events](auto test) {
+        return static_cast<double>(std::count_if(events.cbegin(), events.cend(), test));
+    };
+    using Kind = Disturbance::Kind;
+    EXPECT_EQ(file.bins(1, 132, 1),
+              count([](const auto& d) { return d.kind == Kind::Sag && d.residualPercent >= 1; }));
+    EXPECT_EQ(file.bins(1, 134, 2),
+              count([](const auto& d) { return d.kind == Kind::Sag && d.residualPercent < 1; }));
+    EXPECT_EQ(file.bins(1, 133, 1), count([](const auto& d) { return d.kind == Kind::Swell; }));
+    EXPECT_EQ(file.bins(1, 168, 3), count([](const auto& d) { return d.kind == Kind::Transient; }));
+    EXPECT_EQ(file.bins(1, 135, 1), 0) << "no interruption of the model lasts 3 minutes";
 
     // A 60 Hz supply held within 1 %: every frequency value in the two bins around nominal.
     EXPECT_EQ(file.bins(1, 9, 2), file.bins(1, 2, 1));

@@ -122,27 +122,25 @@ PqTestBins PqTestBins::measure(const PowerSystemModel& model, const SimSchedule&
             bins.add(flickerBins + 2 * phase + (plt[phase] < flickerLimit ? 0 : 1));
     }
 
-    // Events, one per channel record as the PQ log keeps them. A sag whose residual voltage
-    // is below 1 % is an interruption.
-    const auto countSag = [&bins](int channel, double residualPercent, double durationMs) {
-        const bool interruption = residualPercent < 1.0;
-        if (!interruption)
-            bins.add(dipCountBin);
-        else
-            bins.add(durationMs <= shortInterruptionMs ? shortInterruptionBin
-                                                       : longInterruptionBin);
-        bins.add(sagDepthBins + band(residualPercent, sagResidualEdges));
-        bins.add(sagDurationBins + durationBand(durationMs));
-        bins.add((interruption ? interruptionPhaseBins : dipPhaseBins) + channel);
-    };
+    // Events as the PQ log holds them: one per disturbance of a voltage channel, whatever the
+    // meter was doing at the time. A sag whose residual voltage is below 1 % is an
+    // interruption.
     for (const Disturbance& d : model.disturbances()) {
-        if (d.startSecond < start || d.startSecond >= end || d.channel < 0 || d.channel > 2 ||
-            !measured(schedule, d.startSecond, 1))
+        if (d.startSecond < start || d.startSecond >= end || d.channel < 0 || d.channel > 2)
             continue;
         switch (d.kind) {
-        case Disturbance::Kind::Sag:
-            countSag(d.channel, d.residualPercent, d.durationMs);
+        case Disturbance::Kind::Sag: {
+            const bool interruption = d.residualPercent < 1.0;
+            if (!interruption)
+                bins.add(dipCountBin);
+            else
+                bins.add(d.durationMs <= shortInterruptionMs ? shortInterruptionBin
+                                                             : longInterruptionBin);
+            bins.add(sagDepthBins + band(d.residualPercent, sagResidualEdges));
+            bins.add(sagDurationBins + durationBand(d.durationMs));
+            bins.add((interruption ? interruptionPhaseBins : dipPhaseBins) + d.channel);
             break;
+        }
         case Disturbance::Kind::Swell:
             bins.add(swellCountBin);
             bins.add(swellHeightBins + band(d.residualPercent, swellHeightEdges));
@@ -153,14 +151,6 @@ PqTestBins PqTestBins::measure(const PowerSystemModel& model, const SimSchedule&
             bins.add(transientPhaseBins + d.channel);
             break;
         }
-    }
-    // The outage takes the supply from all three phases at once: the meter records it on
-    // each voltage channel when the supply returns.
-    if (schedule.hasOutage() && schedule.outageStart() >= start && schedule.outageStart() < end) {
-        const double durationMs =
-            static_cast<double>(schedule.outageEnd() - schedule.outageStart()) * 1000.0;
-        for (int channel = 0; channel < 3; ++channel)
-            countSag(channel, 0.0, durationMs);
     }
     return bins;
 }

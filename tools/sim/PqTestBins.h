@@ -11,7 +11,8 @@ namespace lorvane::sim {
 /// The counts of one EN 50160 test period as a meter keeps them in `bin_1` to `bin_170` of
 /// its test row, with the meter's own verdict per criterion. The layout of the bins is kept
 /// in docs/sim/compliance.md. A value counts only when the meter measured the supply for its
-/// whole span: nothing is counted while it is without supply or in test mode.
+/// whole span: no value is counted while it is without supply or in test mode. Events are
+/// counted as the PQ log holds them, all of them.
 class PqTestBins
 {
 public:
