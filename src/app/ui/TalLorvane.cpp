@@ -21,6 +21,7 @@ TalLorvane::TalLorvane(RunContext& context, QWidget* parent)
     setWindowTitle(m_context.title);
     m_mdiArea = new QMdiArea(this);
     setCentralWidget(m_mdiArea);
+    m_mdiArea->viewport()->installEventFilter(this);
     statusBar();
 
     m_selection = new AllLogsFrm;
@@ -42,6 +43,21 @@ void TalLorvane::showSelectionWindow()
     show();
     m_selectionWindow->show();
     m_mdiArea->setActiveSubWindow(m_selectionWindow);
+    fillWithChildren();
+}
+
+void TalLorvane::fillWithChildren()
+{
+    const QRect inner = m_mdiArea->viewport()->rect();
+    for (QMdiSubWindow* child : m_mdiArea->subWindowList())
+        child->setGeometry(inner);
+}
+
+bool TalLorvane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_mdiArea->viewport() && event->type() == QEvent::Resize)
+        fillWithChildren();
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void TalLorvane::closeEvent(QCloseEvent* event)

@@ -32,8 +32,12 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// Child views always fill the frame's inner area.
+    void fillWithChildren();
+
     RunContext& m_context;
     QMdiArea* m_mdiArea = nullptr;
     AllLogsFrm* m_selection = nullptr;

@@ -66,6 +66,10 @@ TEST(MainFrame, LoadsCleansUpShowsSelectionAndRemovesScratchOnClose)
     frame->showSelectionWindow();
     QApplication::processEvents();
 
+    // The child view fills the frame's inner area.
+    EXPECT_EQ(frame->mdiArea()->activeSubWindow()->geometry(),
+              frame->mdiArea()->viewport()->rect());
+
     const QString folder = QStringLiteral(LORVANE_SCREENSHOT_DIR);
     QDir().mkpath(folder);
     EXPECT_TRUE(frame->grab().save(folder + "/main-frame.png"));
