@@ -37,6 +37,8 @@ public:
     {
         m_db = std::make_unique<SqliteDatabase>(m_dir.filePath(QStringLiteral("meter.DB")),
                                                 SqliteDatabase::Mode::Create);
+        // One transaction, as the simulator writes a file: no sync per row.
+        m_db->beginTransaction();
         for (const TableLayout& table : m_meterSchema.fileTables())
             m_db->executeScript(table.createSql());
         PowerSystemModel::Config config;
