@@ -4,6 +4,7 @@
 #include "PowerSystemModel.h"
 #include "SimMeter.h"
 #include "platform/SqliteDatabase.h"
+#include "platform/StorageError.h"
 #include "store/MeterSchema.h"
 
 #include <QTemporaryDir>
@@ -49,6 +50,7 @@ public:
     const PowerSystemModel& model() const { return *m_model; }
     double number(const QString& sql) { return m_db->scalar(sql).toDouble(); }
     QString text(const QString& sql) { return m_db->scalar(sql).toString(); }
+    void drop() { m_db->execute(QStringLiteral("DROP TABLE AllPQTestLogs")); }
     /// Sum of `bin_{first}` to `bin_{first + count - 1}` of one row.
     double bins(int id, int first, int count)
     {
@@ -228,6 +230,11 @@ TEST(PqTestLogWriter, BadInputIsRefusedAndAnEmptyPeriodWritesNothing)
     broken = file.meter();
     broken.db = nullptr;
     EXPECT_THROW(PqTestLogWriter::write(broken), std::invalid_argument);
+
+    // A file without the table: the engine's error, with the file's path, reaches the caller.
+    TestFile tableless(1);
+    tableless.drop();
+    EXPECT_THROW(PqTestLogWriter::write(tableless.meter()), StorageError);
 
     SimMeter empty = file.meter();
     empty.endSecond = empty.startSecond;
