@@ -54,6 +54,18 @@ bool measured(const SimSchedule& schedule, qint64 start, qint64 span)
            !overlaps(schedule.testStart(), schedule.testEnd());
 }
 
+/// Calls `visit` with the start of every clock-aligned span of `span` seconds that lies whole
+/// inside [start, end) and that the meter measured.
+template <typename Visit>
+void forEachMeasured(const SimSchedule& schedule, qint64 start, qint64 end, qint64 span,
+                     const Visit& visit)
+{
+    for (qint64 t = SupplyAggregator::alignUp(start, span); t + span <= end; t += span) {
+        if (measured(schedule, t, span))
+            visit(t);
+    }
+}
+
 } // namespace
 
 void PqTestBins::add(int number, double count)
@@ -83,18 +95,12 @@ PqTestBins PqTestBins::measure(const PowerSystemModel& model, const SimSchedule&
     const double nominalVoltage = model.config().nominalVoltage;
     bins.add(periodSecondsBin, static_cast<double>(end - start));
 
-    for (qint64 t = SupplyAggregator::alignUp(start, SupplyAggregator::frequencySpan);
-         t + SupplyAggregator::frequencySpan <= end; t += SupplyAggregator::frequencySpan) {
-        if (!measured(schedule, t, SupplyAggregator::frequencySpan))
-            continue;
+    forEachMeasured(schedule, start, end, SupplyAggregator::frequencySpan, [&](qint64 t) {
         bins.add(frequencyCountBin);
         bins.add(frequencyBins + band(aggregator.frequency(t) / nominalFrequency, frequencyEdges));
-    }
+    });
 
-    for (qint64 t = SupplyAggregator::alignUp(start, SupplyAggregator::intervalSpan);
-         t + SupplyAggregator::intervalSpan <= end; t += SupplyAggregator::intervalSpan) {
-        if (!measured(schedule, t, SupplyAggregator::intervalSpan))
-            continue;
+    forEachMeasured(schedule, start, end, SupplyAggregator::intervalSpan, [&](qint64 t) {
         const SupplyAggregator::Interval values = aggregator.interval(t);
         bins.add(intervalCountBin);
         for (int phase = 0; phase < 3; ++phase) {
@@ -110,17 +116,14 @@ PqTestBins PqTestBins::measure(const PowerSystemModel& model, const SimSchedule&
                 bins.add(thdBins + phase);
         }
         bins.add(unbalanceBins + band(values.unbalance, unbalanceEdges));
-    }
+    });
 
-    for (qint64 t = SupplyAggregator::alignUp(start, SupplyAggregator::flickerSpan);
-         t + SupplyAggregator::flickerSpan <= end; t += SupplyAggregator::flickerSpan) {
-        if (!measured(schedule, t, SupplyAggregator::flickerSpan))
-            continue;
+    forEachMeasured(schedule, start, end, SupplyAggregator::flickerSpan, [&](qint64 t) {
         const std::array<double, 3> plt = aggregator.longTermFlicker(t);
         bins.add(flickerCountBin);
         for (int phase = 0; phase < 3; ++phase)
             bins.add(flickerBins + 2 * phase + (plt[phase] < flickerLimit ? 0 : 1));
-    }
+    });
 
     // Events as the PQ log holds them: one per disturbance of a voltage channel, whatever the
     // meter was doing at the time. A sag whose residual voltage is below 1 % is an
