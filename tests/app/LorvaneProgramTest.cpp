@@ -20,7 +20,7 @@ struct ProgramRun
 };
 
 ProgramRun runLorvane(const QProcessEnvironment& environment, const QString& folder,
-               const QStringList& arguments = {})
+                      const QStringList& arguments = {})
 {
     QProcess process;
     process.setProcessEnvironment(environment);
