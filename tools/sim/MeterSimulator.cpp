@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MeterSimulator.h"
 
+#include "CaptureSettingsWriter.h"
 #include "FileHeaderWriter.h"
 #include "FlickerLogWriter.h"
 #include "InputLogWriter.h"
 #include "LimitEvents.h"
 #include "LimitLogWriter.h"
+#include "PqLogWriter.h"
+#include "PqTestLogWriter.h"
 #include "RelayLogWriter.h"
 #include "SimClock.h"
 #include "SimDataPoints.h"
@@ -13,23 +16,7 @@
 #include "SnapshotLogWriter.h"
 #include "SplitLogLayout.h"
 #include "SystemEventLogWriter.h"
-
-#if __has_include("WaveformLogWriter.h")
 #include "WaveformLogWriter.h"
-#define LORVANE_SIM_HAS_WAVEFORMS 1
-#endif
-#if __has_include("PqLogWriter.h")
-#include "PqLogWriter.h"
-#define LORVANE_SIM_HAS_PQ 1
-#endif
-#if __has_include("CaptureSettingsWriter.h")
-#include "CaptureSettingsWriter.h"
-#define LORVANE_SIM_HAS_CAPTURE_SETTINGS 1
-#endif
-#if __has_include("PqTestLogWriter.h")
-#include "PqTestLogWriter.h"
-#define LORVANE_SIM_HAS_PQ_TESTS 1
-#endif
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -200,26 +187,18 @@ void MeterSimulator::writeLogs(SimMeter& meter, const QList<SimLog>& logs) const
         FlickerLogWriter::write(meter, schedule);
     if (holds(SimLog::SystemEvent))
         SystemEventLogWriter::write(meter, schedule);
-#ifdef LORVANE_SIM_HAS_CAPTURE_SETTINGS
     if (holds(SimLog::Waveform) || holds(SimLog::Transient) || holds(SimLog::PowerQuality))
         CaptureSettingsWriter::write(meter);
-#endif
-#ifdef LORVANE_SIM_HAS_WAVEFORMS
     if (holds(SimLog::Waveform) || holds(SimLog::Transient)) {
         const WaveformSet set = !holds(SimLog::Transient)  ? WaveformSet::EventCaptures
                                 : !holds(SimLog::Waveform) ? WaveformSet::Transients
                                                            : WaveformSet::All;
         WaveformLogWriter::write(meter, set);
     }
-#endif
-#ifdef LORVANE_SIM_HAS_PQ
     if (holds(SimLog::PowerQuality))
         PqLogWriter::write(meter);
-#endif
-#ifdef LORVANE_SIM_HAS_PQ_TESTS
     if (holds(SimLog::EN50160))
         PqTestLogWriter::write(meter);
-#endif
 }
 
 void MeterSimulator::writeDemo(const QString& dir, bool overwrite, bool verbose)
