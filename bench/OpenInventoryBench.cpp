@@ -35,9 +35,10 @@ const char* const rawStatements[] = {
     "select firmwareinfo3 from AllLogs",
 };
 
-const char* const masterTables[] = {"AllHistoricalLogs", "AllEnergyDemandLogs", "AllLimitsLogs",
-                                    "AllInputLogs",      "AllRelayLogs",        "AllFlickerLogs",
-                                    "AllWaveformLogs",   "AllPQLogs",           "AllSystemEventLogs"};
+const char* const masterTables[] = {
+    "AllHistoricalLogs", "AllEnergyDemandLogs", "AllLimitsLogs",
+    "AllInputLogs",      "AllRelayLogs",        "AllFlickerLogs",
+    "AllWaveformLogs",   "AllPQLogs",           "AllSystemEventLogs"};
 
 void stepAll(sqlite3* db, const char* sql)
 {
@@ -73,8 +74,7 @@ int main(int argc, char* argv[])
         return 1;
     }
     const QString path = QString::fromLocal8Bit(argv[1]);
-    std::printf("file: %s (%.1f MB)\n", argv[1],
-                static_cast<double>(QFileInfo(path).size()) / 1e6);
+    std::printf("file: %s (%.1f MB)\n", argv[1], static_cast<double>(QFileInfo(path).size()) / 1e6);
     qint64 records = 0;
     const double ratio = bench::compare(
         "open + inventory + log tree",

@@ -49,9 +49,9 @@ void CliOutput::printInfo(const QJsonObject& info)
 
     o << "\nDevice\n";
     const QJsonObject device = info.value(QStringLiteral("device")).toObject();
-    for (const char* key : {"DeviceTypeID", "DeviceType", "HardwareName", "HardwareID", "Address",
-                            "FileName", "FilePath", "Status", "KGate", "FirmwareInfo3",
-                            "HasNominalVoltage"}) {
+    for (const char* key :
+         {"DeviceTypeID", "DeviceType", "HardwareName", "HardwareID", "Address", "FileName",
+          "FilePath", "Status", "KGate", "FirmwareInfo3", "HasNominalVoltage"}) {
         const QJsonValue value = device.value(QLatin1String(key));
         QString text = value.isBool() ? yesNo(value.toBool()) : value.toVariant().toString();
         o << "  " << QString::fromLatin1(key).leftJustified(18) << text << '\n';

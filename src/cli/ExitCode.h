@@ -5,14 +5,15 @@ namespace lorvane::cli {
 
 /// Exit codes of lorvane-cli; each failure kind has its own so that scripts can tell them
 /// apart.
-enum ExitCode : int {
+enum ExitCode : int
+{
     Success = 0,
-    Usage = 1,         ///< unknown command or option, missing argument
-    FileMissing = 2,   ///< the named file does not exist
-    NotADatabase = 3,  ///< not a database, truncated or damaged
-    Damaged = 4,       ///< a database without the rows a meter file must have
-    VersionFault = 5,  ///< a schema version the program cannot read
-    Failure = 6,       ///< any other failure (engine error, unwritable output)
+    Usage = 1,        ///< unknown command or option, missing argument
+    FileMissing = 2,  ///< the named file does not exist
+    NotADatabase = 3, ///< not a database, truncated or damaged
+    Damaged = 4,      ///< a database without the rows a meter file must have
+    VersionFault = 5, ///< a schema version the program cannot read
+    Failure = 6,      ///< any other failure (engine error, unwritable output)
 };
 
 } // namespace lorvane::cli

@@ -18,17 +18,20 @@ namespace lorvane::cli {
 
 namespace {
 
-const char* const logAvailableNames[] = {
-    "DatabaseStatus", "DeviceInformation", "AllLogs", "Snapshots",    "Demand",
-    "Limits",         "Inputs",            "Relays",  "Flicker",      "Waveform",
-    "PowerQuality",   "SystemEvent",       "Billing", "Compliance"};
+const char* const logAvailableNames[] = {"DatabaseStatus", "DeviceInformation",
+                                         "AllLogs",        "Snapshots",
+                                         "Demand",         "Limits",
+                                         "Inputs",         "Relays",
+                                         "Flicker",        "Waveform",
+                                         "PowerQuality",   "SystemEvent",
+                                         "Billing",        "Compliance"};
 
 QJsonObject deviceJson(const DeviceRecord& r)
 {
     QJsonArray labels;
     for (const auto& [index, label] : r.userItemLabels)
-        labels.append(QJsonObject{{QStringLiteral("Item_Index"), index},
-                                  {QStringLiteral("Label"), label}});
+        labels.append(
+            QJsonObject{{QStringLiteral("Item_Index"), index}, {QStringLiteral("Label"), label}});
     return QJsonObject{{QStringLiteral("Used"), r.used},
                        {QStringLiteral("DeviceTypeID"), r.deviceTypeId},
                        {QStringLiteral("DeviceType"), r.deviceType},
@@ -59,12 +62,10 @@ QJsonArray treeJson(const QList<LogTreeEntry>& entries, const QString& file)
 {
     QJsonArray list;
     for (const LogTreeEntry& e : entries) {
-        QJsonObject entry{{QStringLiteral("logKind"), e.logKind},
-                          {QStringLiteral("name"), e.label},
-                          {QStringLiteral("firstStart"), e.firstStart},
-                          {QStringLiteral("lastEnd"), e.lastEnd},
-                          {QStringLiteral("records"), e.records},
-                          {QStringLiteral("text"), e.text()}};
+        QJsonObject entry{
+            {QStringLiteral("logKind"), e.logKind},       {QStringLiteral("name"), e.label},
+            {QStringLiteral("firstStart"), e.firstStart}, {QStringLiteral("lastEnd"), e.lastEnd},
+            {QStringLiteral("records"), e.records},       {QStringLiteral("text"), e.text()}};
         if (!file.isEmpty())
             entry.insert(QStringLiteral("file"), file);
         list.append(entry);

@@ -11,7 +11,8 @@ namespace lorvane {
 class Fault : public std::runtime_error
 {
 public:
-    enum class Kind {
+    enum class Kind
+    {
         FileMissing,
         NotADatabase,
         Damaged,

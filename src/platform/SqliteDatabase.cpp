@@ -48,8 +48,7 @@ int flagsFor(SqliteDatabase::Mode mode)
 SqliteDatabase::SqliteDatabase(const QString& path, Mode mode) : m_path(path), m_mode(mode)
 {
     if (mode != Mode::Create && !QFileInfo(path).isFile())
-        throw StorageError(StorageError::Kind::FileMissing, path,
-                           QStringLiteral("file not found"));
+        throw StorageError(StorageError::Kind::FileMissing, path, QStringLiteral("file not found"));
     try {
         // A shared meter file may be busy for a moment while another program writes it.
         m_db = std::make_unique<SQLite::Database>(path.toStdString(), flagsFor(mode), 5000);
@@ -127,9 +126,9 @@ QStringList SqliteDatabase::columns(const QString& table)
 bool SqliteDatabase::tableHasField(const QString& table, const QString& column)
 {
     try {
-        SqlStatement statement(*this, QStringLiteral("select %1 from %2 where 1=0")
-                                          .arg(SqlIdentifier::quote(column),
-                                               SqlIdentifier::quote(table)));
+        SqlStatement statement(*this,
+                               QStringLiteral("select %1 from %2 where 1=0")
+                                   .arg(SqlIdentifier::quote(column), SqlIdentifier::quote(table)));
         statement.next();
         return true;
     } catch (const StorageError&) {

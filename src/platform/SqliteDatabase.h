@@ -21,7 +21,8 @@ namespace lorvane {
 class SqliteDatabase
 {
 public:
-    enum class Mode {
+    enum class Mode
+    {
         ReadOnly,  ///< never writes; a meter file that is only read is opened so
         ReadWrite, ///< the file must exist
         Create,    ///< created when missing

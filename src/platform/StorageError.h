@@ -11,7 +11,8 @@ namespace lorvane {
 class StorageError : public std::runtime_error
 {
 public:
-    enum class Kind {
+    enum class Kind
+    {
         FileMissing,  ///< the file does not exist
         NotADatabase, ///< the file is not a database, or is damaged/truncated
         ReadOnly,     ///< a write was refused because the file or folder is read-only

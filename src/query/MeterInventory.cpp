@@ -23,9 +23,9 @@ bool hasDataId(SqliteDatabase& db, qint64 id)
 void addMasterKinds(SqliteDatabase& db, std::array<bool, logAvailableCount>& available)
 {
     QStringList parts;
-    for (LogKind kind : {LogKind::Snapshots, LogKind::Demand, LogKind::Limits, LogKind::Inputs,
-                         LogKind::Relays, LogKind::Waveform, LogKind::PowerQuality,
-                         LogKind::SystemEvent}) {
+    for (LogKind kind :
+         {LogKind::Snapshots, LogKind::Demand, LogKind::Limits, LogKind::Inputs, LogKind::Relays,
+          LogKind::Waveform, LogKind::PowerQuality, LogKind::SystemEvent}) {
         const QString table = SchemaCatalog::masterTable(static_cast<int>(kind));
         if (db.tableExists(table)) {
             parts << QStringLiteral("select %1 from %2")
@@ -119,10 +119,10 @@ DeviceRecord MeterInventory::read(MeterDatabase& meter, int meterIndex)
     DeviceRecord record = meter.guarded(QStringLiteral("DeviceInformation"), [&] {
         SqlStatement row = db.prepare(QStringLiteral("SELECT * FROM [DeviceInformation]"));
         if (!row.next()) {
-            throw Fault(Fault::Kind::Damaged,
-                        MeterMessages::damaged(QStringLiteral("DeviceInformation"),
-                                               meter.fileName()),
-                        QStringLiteral("DeviceInformation"), meter.path());
+            throw Fault(
+                Fault::Kind::Damaged,
+                MeterMessages::damaged(QStringLiteral("DeviceInformation"), meter.fileName()),
+                QStringLiteral("DeviceInformation"), meter.path());
         }
         DeviceRecord r;
         r.used = true;
@@ -144,9 +144,9 @@ DeviceRecord MeterInventory::read(MeterDatabase& meter, int meterIndex)
         if (meterIndex != 0 || meter.version() < 9.1 - 1e-9 ||
             !db.tableExists(QStringLiteral("User_Defined_Item_Labels")))
             return;
-        SqlStatement indexes = db.prepare(
-            QStringLiteral("SELECT DISTINCT Item_Index From User_Defined_Item_Labels "
-                           "ORDER BY Item_Index"));
+        SqlStatement indexes =
+            db.prepare(QStringLiteral("SELECT DISTINCT Item_Index From User_Defined_Item_Labels "
+                                      "ORDER BY Item_Index"));
         SqlStatement latest = db.prepare(
             QStringLiteral("SELECT label From User_Defined_Item_Labels Where item_index = ? "
                            "ORDER BY profileindex DESC LIMIT 1"));
@@ -172,7 +172,8 @@ DeviceRecord MeterInventory::read(MeterDatabase& meter, int meterIndex)
         }
         // The firmware text matters only to meters whose gate count is known.
         if (record.kGate >= 1) {
-            const QVariant firmware = db.scalar(QStringLiteral("select firmwareinfo3 from AllLogs"));
+            const QVariant firmware =
+                db.scalar(QStringLiteral("select firmwareinfo3 from AllLogs"));
             if (!firmware.isNull() && firmware.isValid())
                 record.firmwareInfo3 = firmware.toString();
         }

@@ -10,14 +10,14 @@ namespace lorvane {
 QString SplitLogMeter::logName(int logNumber)
 {
     static const QHash<int, QString> names{
-        {1, QStringLiteral("INTERVAL_1")},      {2, QStringLiteral("INTERVAL_2")},
-        {3, QStringLiteral("LIMIT_LOG")},       {5, QStringLiteral("DIGITAL_INPUT")},
-        {7, QStringLiteral("DIGITAL_OUTPUT")},  {9, QStringLiteral("FLICKER")},
-        {10, QStringLiteral("WAVEFORM")},       {11, QStringLiteral("SYSTEM_EVENT")},
-        {13, QStringLiteral("PQ_LOG")},         {16, QStringLiteral("EN50160")},
-        {18, QStringLiteral("INTERVAL_3")},     {19, QStringLiteral("INTERVAL_4")},
-        {20, QStringLiteral("INTERVAL_5")},     {21, QStringLiteral("INTERVAL_6")},
-        {22, QStringLiteral("INTERVAL_7")},     {23, QStringLiteral("INTERVAL_8")},
+        {1, QStringLiteral("INTERVAL_1")},       {2, QStringLiteral("INTERVAL_2")},
+        {3, QStringLiteral("LIMIT_LOG")},        {5, QStringLiteral("DIGITAL_INPUT")},
+        {7, QStringLiteral("DIGITAL_OUTPUT")},   {9, QStringLiteral("FLICKER")},
+        {10, QStringLiteral("WAVEFORM")},        {11, QStringLiteral("SYSTEM_EVENT")},
+        {13, QStringLiteral("PQ_LOG")},          {16, QStringLiteral("EN50160")},
+        {18, QStringLiteral("INTERVAL_3")},      {19, QStringLiteral("INTERVAL_4")},
+        {20, QStringLiteral("INTERVAL_5")},      {21, QStringLiteral("INTERVAL_6")},
+        {22, QStringLiteral("INTERVAL_7")},      {23, QStringLiteral("INTERVAL_8")},
         {24, QStringLiteral("EVENT_TRIGGERED")}, {25, QStringLiteral("TRANSIENT")}};
     return names.value(logNumber);
 }

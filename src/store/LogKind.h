@@ -5,7 +5,8 @@ namespace lorvane {
 
 /// Number of a log or view; also the query type and the index into the log inventory, which
 /// adds Billing (12) and Compliance (13).
-enum class LogKind : int {
+enum class LogKind : int
+{
     DatabaseStatus = 0,
     DeviceInformation = 1,
     AllLogs = 2,

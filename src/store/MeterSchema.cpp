@@ -50,7 +50,9 @@ TableLayout dayMaster(const char* name)
 
 } // namespace
 
-MeterSchema::MeterSchema(double version) : m_version(version) {}
+MeterSchema::MeterSchema(double version) : m_version(version)
+{
+}
 
 ColumnType MeterSchema::fractionType() const
 {

@@ -5,7 +5,9 @@
 
 namespace lorvane {
 
-TableLayout::TableLayout(QString name) : m_name(std::move(name)) {}
+TableLayout::TableLayout(QString name) : m_name(std::move(name))
+{
+}
 
 TableLayout& TableLayout::add(const QString& column, ColumnType type, const QString& defaultValue)
 {
@@ -58,8 +60,8 @@ QString TableLayout::createSql() const
 {
     QStringList definitions;
     for (const ColumnLayout& column : m_columns) {
-        QString definition = SqlIdentifier::quote(column.name) + QLatin1Char(' ') +
-                             sqlType(column.type);
+        QString definition =
+            SqlIdentifier::quote(column.name) + QLatin1Char(' ') + sqlType(column.type);
         if (!column.defaultValue.isEmpty())
             definition += QStringLiteral(" DEFAULT ") + column.defaultValue;
         definitions << definition;

@@ -10,7 +10,19 @@ namespace lorvane {
 /// The storage type of a column as the meter schema names it. Each maps onto one SQLite type:
 /// the integer kinds and Bit (-1/0) onto INTEGER, Double and Single onto REAL, Date (the
 /// 19-character `YYYY-MM-DD HH:MM:SS` text), Text and Memo onto TEXT.
-enum class ColumnType { Long, Integer, Short, Byte, Bit, Double, Single, Date, Text, Memo };
+enum class ColumnType
+{
+    Long,
+    Integer,
+    Short,
+    Byte,
+    Bit,
+    Double,
+    Single,
+    Date,
+    Text,
+    Memo
+};
 
 struct ColumnLayout
 {

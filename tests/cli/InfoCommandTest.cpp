@@ -22,8 +22,8 @@ QString buildMeter(const QTemporaryDir& dir, const QString& name)
     MeterFileBuilder file(path);
     file.device(3, QStringLiteral("Halyx 3"), QStringLiteral("Feeder 7"))
         .dataPoints({20617, 26005})
-        .dayRow(QStringLiteral("AllHistoricalLogs"), QStringLiteral("2024-03-01 00:00:00"), 1,
-                96, QStringLiteral("2024-03-01 00:00:00"), QStringLiteral("2024-03-01 23:45:00"));
+        .dayRow(QStringLiteral("AllHistoricalLogs"), QStringLiteral("2024-03-01 00:00:00"), 1, 96,
+                QStringLiteral("2024-03-01 00:00:00"), QStringLiteral("2024-03-01 23:45:00"));
     file.close();
     return path;
 }
@@ -77,8 +77,7 @@ TEST(CliInfo, BadFilesGiveTheirMessageAndExitCode)
     }
     result = runProgram(QStringLiteral("lorvane-cli"), {QStringLiteral("info"), text});
     EXPECT_EQ(result.exitCode, 3);
-    EXPECT_EQ(result.err.trimmed(),
-              QStringLiteral("This database is damaged.\nDatabase: ") + text);
+    EXPECT_EQ(result.err.trimmed(), QStringLiteral("This database is damaged.\nDatabase: ") + text);
 
     const QString whole = buildMeter(dir, QStringLiteral("Whole.DB"));
     QFile source(whole);

@@ -35,15 +35,15 @@ QList<int> availableLogs(const QJsonObject& report)
 QString simulate(const QTemporaryDir& dir, const QString& kind, const QStringList& extra = {})
 {
     const QString out = dir.filePath(kind == QLatin1String("split") ? kind : kind + ".DB");
-    const auto result = runProgram(
-        QStringLiteral("lorvane-sim"),
-        QStringList{QStringLiteral("--out"), out, QStringLiteral("--kind"), kind,
-                    QStringLiteral("--start"), QStringLiteral("2024-03-04"),
-                    QStringLiteral("--days"), QStringLiteral("2"),
-                    QStringLiteral("--interval-minutes"), QStringLiteral("15"),
-                    QStringLiteral("--points"), QStringLiteral("12"), QStringLiteral("--seed"),
-                    QStringLiteral("3")} +
-            extra);
+    const auto result =
+        runProgram(QStringLiteral("lorvane-sim"),
+                   QStringList{QStringLiteral("--out"), out, QStringLiteral("--kind"), kind,
+                               QStringLiteral("--start"), QStringLiteral("2024-03-04"),
+                               QStringLiteral("--days"), QStringLiteral("2"),
+                               QStringLiteral("--interval-minutes"), QStringLiteral("15"),
+                               QStringLiteral("--points"), QStringLiteral("12"),
+                               QStringLiteral("--seed"), QStringLiteral("3")} +
+                       extra);
     EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
     return out;
 }
@@ -101,18 +101,21 @@ TEST(CliInfoOnSimulatedMeters, SplitLogMeterAndUserLabels)
     const QStringList dml = QDir(folder).entryList({QStringLiteral("*.dml")});
     ASSERT_EQ(dml.size(), 1);
     const QJsonObject report = info(QDir(folder).filePath(dml.first()));
-    EXPECT_EQ(report.value(QStringLiteral("device")).toObject().value(
-                  QStringLiteral("DeviceTypeID")).toInt(),
+    EXPECT_EQ(report.value(QStringLiteral("device"))
+                  .toObject()
+                  .value(QStringLiteral("DeviceTypeID"))
+                  .toInt(),
               5);
-    EXPECT_TRUE(report.value(QStringLiteral("file")).toString().endsWith(
-        QStringLiteral("logs/SYSTEM_EVENT/SYSTEM_EVENT.db")));
+    EXPECT_TRUE(report.value(QStringLiteral("file"))
+                    .toString()
+                    .endsWith(QStringLiteral("logs/SYSTEM_EVENT/SYSTEM_EVENT.db")));
     QStringList present;
     for (const QJsonValue& file : report.value(QStringLiteral("logFiles")).toArray()) {
         if (file.toObject().value(QStringLiteral("present")).toBool())
             present << file.toObject().value(QStringLiteral("name")).toString();
     }
-    for (const char* log : {"INTERVAL_1", "LIMIT_LOG", "DIGITAL_INPUT", "DIGITAL_OUTPUT",
-                            "FLICKER", "WAVEFORM", "SYSTEM_EVENT", "PQ_LOG", "EN50160"})
+    for (const char* log : {"INTERVAL_1", "LIMIT_LOG", "DIGITAL_INPUT", "DIGITAL_OUTPUT", "FLICKER",
+                            "WAVEFORM", "SYSTEM_EVENT", "PQ_LOG", "EN50160"})
         EXPECT_TRUE(present.contains(QString::fromLatin1(log))) << log;
     EXPECT_FALSE(present.contains(QStringLiteral("INTERVAL_8")));
     QStringList treeFiles;
@@ -122,8 +125,8 @@ TEST(CliInfoOnSimulatedMeters, SplitLogMeterAndUserLabels)
     EXPECT_TRUE(treeFiles.contains(QStringLiteral("INTERVAL_1")));
 
     const QJsonObject labelled =
-        info(simulate(dir, QStringLiteral("standard"), {QStringLiteral("--schema-version"),
-                                                         QStringLiteral("9.1")}));
+        info(simulate(dir, QStringLiteral("standard"),
+                      {QStringLiteral("--schema-version"), QStringLiteral("9.1")}));
     EXPECT_DOUBLE_EQ(labelled.value(QStringLiteral("version")).toDouble(), 9.1);
     EXPECT_FALSE(labelled.value(QStringLiteral("device"))
                      .toObject()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/SqliteDatabase.h"
+
 #include "platform/StorageError.h"
 
 #include <QFile>
@@ -41,8 +42,7 @@ TEST(SqliteDatabase, OpenFailuresAreClassified)
 
     const QString text = dir.filePath(QStringLiteral("notes.DB"));
     writeFile(text, QByteArray("Date,Value\n2024-03-01,230.1\n").repeated(200));
-    EXPECT_EQ(openFailure(text, SqliteDatabase::Mode::ReadOnly),
-              StorageError::Kind::NotADatabase);
+    EXPECT_EQ(openFailure(text, SqliteDatabase::Mode::ReadOnly), StorageError::Kind::NotADatabase);
 
     // A real database cut after its first page: the header promises pages that are gone.
     const QString whole = dir.filePath(QStringLiteral("whole.DB"));
@@ -94,8 +94,8 @@ TEST(SqliteDatabase, NamesWithOddCharactersAndCaseInsensitiveLookups)
     // A value with an apostrophe is bound, never pasted into the statement.
     const QString label = QStringLiteral("O'Neil's feeder");
     db.execute(QStringLiteral("INSERT INTO [PQLog_1] ([Date/Time]) VALUES (?)"), {label});
-    EXPECT_TRUE(db.hasRows(QStringLiteral("SELECT 1 FROM [PQLog_1] WHERE [Date/Time] = ?"),
-                           {label}));
+    EXPECT_TRUE(
+        db.hasRows(QStringLiteral("SELECT 1 FROM [PQLog_1] WHERE [Date/Time] = ?"), {label}));
 }
 
 TEST(SqliteDatabase, ReadOnlyOpenNeverWrites)

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "query/MeterInventory.h"
+
 #include "platform/Fault.h"
 #include "query/LogTree.h"
-#include "query/MeterInventory.h"
 #include "store/MeterDatabase.h"
 #include "support/MeterFileBuilder.h"
 
@@ -98,7 +99,7 @@ TEST(MeterInventory, BillingAndComplianceFollowTheDeviceType)
         {0, QList<qint64>{20825} + all, true, true, true},
         {0, QList<qint64>{26005}, false, false, false},
         {3, QList<qint64>{26005} + all, true, true, true},
-        {3, QList<qint64>{26005} + all, false, true, false}, // no test rows
+        {3, QList<qint64>{26005} + all, false, true, false},  // no test rows
         {3, QList<qint64>{26005} + eight, true, true, false}, // one id short
         {4, QList<qint64>{202010} + all, true, true, true},   // the second id is enough
         {5, QList<qint64>{26005}, false, true, false},
@@ -233,8 +234,7 @@ TEST(LogTree, SpanOfEachLogFromItsRowsWithRecords)
     ASSERT_EQ(tree.size(), 2);
     EXPECT_EQ(tree.at(0).label, QStringLiteral("SnapShot Log"));
     EXPECT_EQ(tree.at(1).label, QStringLiteral("Power Quality Log"));
-    EXPECT_EQ(tree.at(1).text(),
-              QStringLiteral("From 2024-03-01 01:00:00 to 2024-03-03 22:10:00"))
+    EXPECT_EQ(tree.at(1).text(), QStringLiteral("From 2024-03-01 01:00:00 to 2024-03-03 22:10:00"))
         << "a row with no records does not extend the span";
     EXPECT_EQ(tree.at(1).records, 7);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/SqliteDatabase.h"
 #include "store/MeterSchema.h"
+
+#include "platform/SqliteDatabase.h"
 #include "store/SchemaCatalog.h"
 
 #include <QSet>
@@ -25,14 +26,15 @@ QSet<QString> tableNames(double version)
 // catalogue that invents one, breaks files written by other programs.
 TEST(MeterSchema, FileTablesAreThoseOfTheStorageContract)
 {
-    const QSet<QString> expected{
-        "ID_Table",          "DeviceInformation",  "AllLogs",          "DataPoints",
-        "LastTimeStamps",    "ScaledFormats",      "AllHistoricalLogs", "AllEnergyDemandLogs",
-        "AllLimitsLogs",     "AllInputLogs",       "AllRelayLogs",     "AllFlickerLogs",
-        "AllWaveformLogs",   "AllPQLogs",          "AllSystemEventLogs", "AllPQTestLogs",
-        "LimitsLogDataItem", "PQWaveLogDataItem",  "FullScales",       "InputLogDataItem",
-        "RelayLogDataItem",  "HSInputLabels",      "HistLogTimeIndexTmp", "InputLogA",
-        "RelayLogA",         "Flicker_MaxMin",     "SystemEventLogA"};
+    const QSet<QString> expected{"ID_Table",          "DeviceInformation",   "AllLogs",
+                                 "DataPoints",        "LastTimeStamps",      "ScaledFormats",
+                                 "AllHistoricalLogs", "AllEnergyDemandLogs", "AllLimitsLogs",
+                                 "AllInputLogs",      "AllRelayLogs",        "AllFlickerLogs",
+                                 "AllWaveformLogs",   "AllPQLogs",           "AllSystemEventLogs",
+                                 "AllPQTestLogs",     "LimitsLogDataItem",   "PQWaveLogDataItem",
+                                 "FullScales",        "InputLogDataItem",    "RelayLogDataItem",
+                                 "HSInputLabels",     "HistLogTimeIndexTmp", "InputLogA",
+                                 "RelayLogA",         "Flicker_MaxMin",      "SystemEventLogA"};
     EXPECT_EQ(tableNames(8.6), expected);
     QSet<QString> withLabels = expected;
     withLabels.insert(QStringLiteral("User_Defined_Item_Labels"));

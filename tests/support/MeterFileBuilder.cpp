@@ -42,12 +42,11 @@ MeterFileBuilder& MeterFileBuilder::dayRow(const QString& masterTable, const QSt
                                            qint64 index, qint64 records, const QString& start,
                                            const QString& end)
 {
-    const bool hourly = masterTable.compare(QStringLiteral("AllHistoricalLogs"),
-                                            Qt::CaseInsensitive) == 0 ||
-                        masterTable.compare(QStringLiteral("AllEnergyDemandLogs"),
-                                            Qt::CaseInsensitive) == 0;
-    const QString counts = hourly ? QStringLiteral("[Hour_0], [Recs_0]")
-                                  : QStringLiteral("[HTable], [Recs]");
+    const bool hourly =
+        masterTable.compare(QStringLiteral("AllHistoricalLogs"), Qt::CaseInsensitive) == 0 ||
+        masterTable.compare(QStringLiteral("AllEnergyDemandLogs"), Qt::CaseInsensitive) == 0;
+    const QString counts =
+        hourly ? QStringLiteral("[Hour_0], [Recs_0]") : QStringLiteral("[HTable], [Recs]");
     return sql(QStringLiteral("INSERT INTO %1 ([Date/Time], [LogTablesIndex], %2, [Records], "
                               "[StartDate/Time], [EndDate/Time]) VALUES (?, ?, -1, ?, ?, ?, ?)")
                    .arg(SqlIdentifier::quote(masterTable), counts),

@@ -14,7 +14,8 @@ constexpr double pi = 3.14159265358979323846;
 constexpr qint64 secondsPerDay = 86400;
 
 /// Quantities that draw their own jitter; the numbers only keep the streams apart.
-enum Quantity {
+enum Quantity
+{
     VoltageJitter = 1,
     CurrentJitter = 10,
     FrequencyJitter = 20,
@@ -29,8 +30,7 @@ enum Quantity {
 PowerSystemModel::PowerSystemModel(const Config& config) : m_config(config)
 {
     SimRandom random(config.seed * 7919 + 17);
-    const double days =
-        static_cast<double>(config.endSecond - config.startSecond) / secondsPerDay;
+    const double days = static_cast<double>(config.endSecond - config.startSecond) / secondsPerDay;
     const int count = std::max(1, static_cast<int>(std::lround(days * config.disturbancesPerDay)));
     for (int i = 0; i < count; ++i) {
         Disturbance d;
@@ -82,15 +82,15 @@ double PowerSystemModel::jitter(int quantity, qint64 bucket) const
 double PowerSystemModel::loadFactor(qint64 second) const
 {
     // Two daily peaks (morning and evening) over a night trough, weekends lighter.
-    const double hour = static_cast<double>(((second % secondsPerDay) + secondsPerDay) %
-                                            secondsPerDay) / 3600.0;
+    const double hour =
+        static_cast<double>(((second % secondsPerDay) + secondsPerDay) % secondsPerDay) / 3600.0;
     const double morning = std::exp(-std::pow((hour - 10.0) / 3.0, 2.0));
     const double evening = std::exp(-std::pow((hour - 18.5) / 2.5, 2.0));
     const qint64 day = second / secondsPerDay;
     const bool weekend = ((day + 4) % 7) >= 5; // 1970-01-01 was a Thursday
     const double base = 0.35 + 0.45 * morning + 0.5 * evening;
-    return std::clamp((weekend ? 0.75 : 1.0) * base + 0.03 * jitter(LoadJitter, second / 60),
-                      0.1, 1.0);
+    return std::clamp((weekend ? 0.75 : 1.0) * base + 0.03 * jitter(LoadJitter, second / 60), 0.1,
+                      1.0);
 }
 
 double PowerSystemModel::voltage(int phase, qint64 second, double ms) const

@@ -11,11 +11,16 @@ namespace lorvane::sim {
 /// percent of nominal, the value a meter logs as `PQ%`.
 struct Disturbance
 {
-    enum class Kind { Sag = 2, Swell = 1, Transient = 3 };
+    enum class Kind
+    {
+        Sag = 2,
+        Swell = 1,
+        Transient = 3
+    };
     Kind kind = Kind::Sag;
-    int channel = 0;       ///< 0 Van, 1 Vbn, 2 Vcn
+    int channel = 0;        ///< 0 Van, 1 Vbn, 2 Vcn
     qint64 startSecond = 0; ///< seconds since the epoch, meter local time read as UTC
-    double startMs = 0.0;  ///< fraction of the start second, 0 to 999.9
+    double startMs = 0.0;   ///< fraction of the start second, 0 to 999.9
     double durationMs = 0.0;
     double residualPercent = 100.0;
     double transientPeakVolts = 0.0; ///< peak added to the wave by a transient
@@ -31,8 +36,8 @@ public:
     struct Config
     {
         quint64 seed = 1;
-        qint64 startSecond = 0;   ///< first instant of the simulated period
-        qint64 endSecond = 86400; ///< end of the period (exclusive)
+        qint64 startSecond = 0;        ///< first instant of the simulated period
+        qint64 endSecond = 86400;      ///< end of the period (exclusive)
         double nominalVoltage = 120.0; ///< phase to neutral, volts
         double frequency = 60.0;
         double ratedCurrent = 400.0; ///< amps at full load
