@@ -5,6 +5,7 @@
 #include "StorageError.h"
 
 #include <QFileInfo>
+#include <QUrl>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Statement.h>
@@ -51,7 +52,10 @@ SqliteDatabase::SqliteDatabase(const QString& path, Mode mode) : m_path(path), m
         throw StorageError(StorageError::Kind::FileMissing, path, QStringLiteral("file not found"));
     try {
         // A shared meter file may be busy for a moment while another program writes it.
-        m_db = std::make_unique<SQLite::Database>(path.toStdString(), flagsFor(mode), 5000);
+        // URI file names let an attached meter file be opened read-only (`mode=ro`); a plain
+        // path is read as before.
+        m_db = std::make_unique<SQLite::Database>(path.toStdString(),
+                                                  flagsFor(mode) | SQLite::OPEN_URI, 5000);
         // SQLite opens any file lazily; reading the catalogue proves it is a database.
         m_db->exec("SELECT count(*) FROM sqlite_master");
     } catch (const SQLite::Exception& e) {
@@ -146,9 +150,28 @@ QStringList SqliteDatabase::tables()
     return names;
 }
 
-void SqliteDatabase::attach(const QString& path, const QString& alias)
+void SqliteDatabase::attach(const QString& path, const QString& alias, bool readOnly)
 {
-    execute(QStringLiteral("ATTACH DATABASE ? AS %1").arg(SqlIdentifier::quote(alias)), {path});
+    if (!QFileInfo(path).isFile())
+        throw StorageError(StorageError::Kind::FileMissing, path, QStringLiteral("file not found"));
+    QString name = path;
+    if (readOnly) {
+        QUrl url = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
+        url.setQuery(QStringLiteral("mode=ro"));
+        name = url.toString(QUrl::FullyEncoded);
+    }
+    bool attached = false;
+    try {
+        execute(QStringLiteral("ATTACH DATABASE ? AS %1").arg(SqlIdentifier::quote(alias)), {name});
+        attached = true;
+        // ATTACH may open lazily: reading the attached catalogue proves the file is a database.
+        scalar(QStringLiteral("SELECT count(*) FROM %1.sqlite_master")
+                   .arg(SqlIdentifier::quote(alias)));
+    } catch (const StorageError& e) {
+        if (attached)
+            detach(alias);
+        throw StorageError(e.kind(), path, e.detail());
+    }
 }
 
 void SqliteDatabase::detach(const QString& alias)

@@ -56,8 +56,11 @@ public:
     /// Every table name of the main schema, in name order.
     QStringList tables();
 
-    /// Attaches another database file under `alias` for the length of one load.
-    void attach(const QString& path, const QString& alias);
+    /// Attaches another database file under `alias` for the length of one load; read-only
+    /// unless `readOnly` is false, so that reading a meter file can never change it. Throws
+    /// StorageError (FileMissing, NotADatabase ...) when the file cannot be read; the file is
+    /// then not attached.
+    void attach(const QString& path, const QString& alias, bool readOnly = true);
     void detach(const QString& alias);
 
     void beginTransaction();

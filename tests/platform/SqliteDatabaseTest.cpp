@@ -128,7 +128,31 @@ TEST(SqliteDatabase, AttachReadsAnotherFileForOneLoad)
                            SqliteDatabase::Mode::Create);
     scratch.attach(meter, QStringLiteral("m1"));
     EXPECT_EQ(scratch.scalar(QStringLiteral("SELECT count(*) FROM m1.DataPoints")).toInt(), 2);
+    try {
+        scratch.execute(QStringLiteral("INSERT INTO m1.DataPoints VALUES (1)"));
+        ADD_FAILURE() << "an attached meter file took a write";
+    } catch (const StorageError& e) {
+        EXPECT_EQ(e.kind(), StorageError::Kind::ReadOnly);
+    }
     scratch.detach(QStringLiteral("m1"));
     EXPECT_THROW(scratch.scalar(QStringLiteral("SELECT count(*) FROM m1.DataPoints")),
                  StorageError);
+
+    // A file that is not a database is refused and leaves nothing attached.
+    const QString text = dir.filePath(QStringLiteral("notes.DB"));
+    writeFile(text, QByteArray("not a database\n").repeated(300));
+    try {
+        scratch.attach(text, QStringLiteral("m2"));
+        ADD_FAILURE() << "a text file was attached";
+    } catch (const StorageError& e) {
+        EXPECT_EQ(e.kind(), StorageError::Kind::NotADatabase);
+        EXPECT_EQ(e.path(), text);
+    }
+    EXPECT_FALSE(scratch.hasRows(QStringLiteral("SELECT 1 FROM pragma_database_list WHERE name "
+                                                "= 'm2'")));
+    // A path with blanks and a hash attaches as well.
+    const QString odd = dir.filePath(QStringLiteral("Feeder #2 (old).DB"));
+    QFile::copy(meter, odd);
+    scratch.attach(odd, QStringLiteral("m3"));
+    EXPECT_EQ(scratch.scalar(QStringLiteral("SELECT count(*) FROM m3.DataPoints")).toInt(), 2);
 }
