@@ -2,6 +2,7 @@
 #include "LogTree.h"
 
 #include "platform/SqlIdentifier.h"
+#include "platform/UserText.h"
 #include "store/MeterDatabase.h"
 #include "store/SchemaCatalog.h"
 
@@ -9,7 +10,7 @@ namespace lorvane {
 
 QString LogTreeEntry::text() const
 {
-    return QStringLiteral("From ") + firstStart + QStringLiteral(" to ") + lastEnd;
+    return userText("300001", "From ") + firstStart + userText("300002", " to ") + lastEnd;
 }
 
 QList<LogTreeEntry> LogTree::read(MeterDatabase& meter)

@@ -1,7 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SchemaCatalog.h"
 
+#include "platform/UserText.h"
+
+#include <initializer_list>
+
 namespace lorvane {
+
+namespace {
+
+struct CatalogText
+{
+    const char* id; ///< null for a position that has no text
+    const char* english;
+};
+
+// Made at each call rather than kept: the catalogue installed at start (or by a test) decides
+// the language.
+QStringList translated(std::initializer_list<CatalogText> texts)
+{
+    QStringList list;
+    for (const CatalogText& text : texts)
+        list << (text.id ? userText(text.id, text.english) : QString());
+    return list;
+}
+
+} // namespace
 
 const QStringList& SchemaCatalog::masterTables()
 {
@@ -37,21 +61,20 @@ const QStringList& SchemaCatalog::logTablePrefixes()
     return names;
 }
 
-const QStringList& SchemaCatalog::logDisplayNames()
+QStringList SchemaCatalog::logDisplayNames()
 {
-    static const QStringList names{QString(),
-                                   QStringLiteral("Device ID Name"),
-                                   QStringLiteral("File Path"),
-                                   QStringLiteral("SnapShot Log"),
-                                   QStringLiteral("Demands"),
-                                   QStringLiteral("Limits Log"),
-                                   QStringLiteral("Input Log"),
-                                   QStringLiteral("Relay Log"),
-                                   QStringLiteral("Flicker Log"),
-                                   QStringLiteral("Waveform Log"),
-                                   QStringLiteral("Power Quality Log"),
-                                   QStringLiteral("System Event Log")};
-    return names;
+    return translated({{nullptr, ""},
+                       {"200101", "Device ID Name"},
+                       {"200102", "File Path"},
+                       {"200103", "SnapShot Log"},
+                       {"200104", "Demands"},
+                       {"200105", "Limits Log"},
+                       {"200106", "Input Log"},
+                       {"200107", "Relay Log"},
+                       {"200108", "Flicker Log"},
+                       {"200109", "Waveform Log"},
+                       {"200110", "Power Quality Log"},
+                       {"200111", "System Event Log"}});
 }
 
 const QStringList& SchemaCatalog::companionTables()
@@ -70,35 +93,34 @@ const QStringList& SchemaCatalog::companionTables()
     return names;
 }
 
-const QStringList& SchemaCatalog::snapshotTypeNames()
+QStringList SchemaCatalog::snapshotTypeNames()
 {
-    static const QStringList names{QStringLiteral("All Snapshots"),
-                                   QStringLiteral("Group By Type"),
-                                   QStringLiteral("Log 1"),
-                                   QStringLiteral("Log 2"),
-                                   QStringLiteral("Limits"),
-                                   QStringLiteral("Input"),
-                                   QStringLiteral("Relay"),
-                                   QStringLiteral("Flicker (Short)"),
-                                   QStringLiteral("Waveform"),
-                                   QStringLiteral("Power Quality"),
-                                   QStringLiteral("Flicker (Long)"),
-                                   QStringLiteral("System Event"),
-                                   QStringLiteral("Test Mode (Log 1)"),
-                                   QStringLiteral("Test Mode (Log 2)"),
-                                   QStringLiteral("Log 1 Padding"),
-                                   QStringLiteral("Log 2 Padding"),
-                                   QStringLiteral("Log 3"),
-                                   QStringLiteral("Log 3 Padding"),
-                                   QStringLiteral("Log 3"),
-                                   QStringLiteral("Log 4"),
-                                   QStringLiteral("Log 5"),
-                                   QStringLiteral("Log 6"),
-                                   QStringLiteral("Log 7"),
-                                   QStringLiteral("Log 8"),
-                                   QStringLiteral("Event Triggered"),
-                                   QStringLiteral("Transients")};
-    return names;
+    return translated({{"200200", "All Snapshots"},
+                       {"200201", "Group By Type"},
+                       {"200202", "Log 1"},
+                       {"200203", "Log 2"},
+                       {"200204", "Limits"},
+                       {"200205", "Input"},
+                       {"200206", "Relay"},
+                       {"200207", "Flicker (Short)"},
+                       {"200208", "Waveform"},
+                       {"200209", "Power Quality"},
+                       {"200210", "Flicker (Long)"},
+                       {"200211", "System Event"},
+                       {"200212", "Test Mode (Log 1)"},
+                       {"200213", "Test Mode (Log 2)"},
+                       {"200214", "Log 1 Padding"},
+                       {"200215", "Log 2 Padding"},
+                       {"200216", "Log 3"},
+                       {"200217", "Log 3 Padding"},
+                       {"200218", "Log 3"},
+                       {"200219", "Log 4"},
+                       {"200220", "Log 5"},
+                       {"200221", "Log 6"},
+                       {"200222", "Log 7"},
+                       {"200223", "Log 8"},
+                       {"200224", "Event Triggered"},
+                       {"200225", "Transients"}});
 }
 
 QString SchemaCatalog::masterTable(int logKind)

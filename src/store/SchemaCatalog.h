@@ -17,12 +17,12 @@ public:
     static const QStringList& masterTables();
     /// Per-log table prefixes by log kind ("" for kinds 0 to 2).
     static const QStringList& logTablePrefixes();
-    /// Display names by log kind ("" for kind 0).
-    static const QStringList& logDisplayNames();
+    /// Display names by log kind ("" for kind 0), in the language of the string catalogue.
+    static QStringList logDisplayNames();
     /// Companion tables by position 0..18 (`HistLogTimeIndex_` ... `HSInputLabels`).
     static const QStringList& companionTables();
-    /// Snapshot `TypeID` display names 0..25.
-    static const QStringList& snapshotTypeNames();
+    /// Snapshot `TypeID` display names 0..25, in the language of the string catalogue.
+    static QStringList snapshotTypeNames();
 
     /// Master table of a log kind 0..11; empty for any other number.
     static QString masterTable(int logKind);
