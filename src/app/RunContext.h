@@ -4,6 +4,7 @@
 #include "LocalSystemSettings.h"
 #include "StartupPaths.h"
 #include "store/DeviceTypeTable.h"
+#include "store/SystemEventTexts.h"
 
 #include <QString>
 #include <array>
@@ -57,6 +58,8 @@ struct RunContext
     StartupPaths paths;
     bool templateFound = false;
     std::unique_ptr<TempQueryDatabase> scratch;
+    /// The vocabulary of system events, in the catalogue's language once start-up filled it.
+    SystemEventTexts eventTexts;
     QString helpFile;
     std::unique_ptr<SqliteDatabase> dictionary;
     DeviceTypeTable deviceTypes;

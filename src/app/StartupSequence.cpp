@@ -7,6 +7,8 @@
 #include "platform/ProfileFile.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/StoredPath.h"
+#include "platform/StringCatalog.h"
+#include "platform/UserText.h"
 #include "store/TempQueryDatabase.h"
 
 #include <QLocale>
@@ -21,9 +23,11 @@ StartupSequence::StartupSequence(StartupHost& host, RunContext& context)
 
 StartupSequence::Outcome StartupSequence::run(const QString& commandLine)
 {
+    createCatalogue();
     nameProcess();
     findFolders();
     prepareScratchDatabase();
+    m_context.eventTexts.fill();
     m_context.helpFile =
         StoredPath::toLocal(m_context.paths.progDataPath + "/../Tessera_Ext/Tessera Ext.Hlp");
 
@@ -45,6 +49,15 @@ StartupSequence::Outcome StartupSequence::run(const QString& commandLine)
     m_host.showSelectionWindow();
     readTechnicianFlag();
     return Outcome::Running;
+}
+
+void StartupSequence::createCatalogue()
+{
+    // First of all: every text from here on may be shown to the user.
+    const QString lookupFile =
+        m_host.userSetting(StringCatalog::settingApplication, StringCatalog::settingSection,
+                           StringCatalog::settingKey, StringCatalog::noLookupFile);
+    installStringCatalog(std::make_unique<StringCatalog>(lookupFile));
 }
 
 void StartupSequence::nameProcess()

@@ -33,6 +33,7 @@ public:
     Outcome run(const QString& commandLine);
 
 private:
+    void createCatalogue();
     void nameProcess();
     void findFolders();
     void prepareScratchDatabase();

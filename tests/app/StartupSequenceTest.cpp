@@ -64,8 +64,9 @@ TEST(StartupSequence, RunsItsStepsInOrderOnATemporaryInstallation)
     StartupSequence startup(host, context);
     ASSERT_EQ(startup.run("  "), StartupSequence::Outcome::Running);
     EXPECT_TRUE(checkedAtLoad);
-    EXPECT_EQ(host.calls, QStringList({"processId", "systemFolder", "registry software_ini_path",
-                                       "loadMainFrame", "showSelectionWindow"}));
+    EXPECT_EQ(host.calls,
+              QStringList({"userSetting LookupFile", "processId", "systemFolder",
+                           "registry software_ini_path", "loadMainFrame", "showSelectionWindow"}));
 
     EXPECT_EQ(context.title, expectedTitle(4242));
     EXPECT_EQ(context.paths.pathsFile, namedPaths);
@@ -136,9 +137,9 @@ TEST(StartupSequence, UnreadableDictionaryBeepsFourTimesAndShowsNoWindow)
         RunContext context;
         EXPECT_EQ(StartupSequence(host, context).run(""),
                   StartupSequence::Outcome::StoppedByDictionary);
-        EXPECT_EQ(host.calls,
-                  QStringList({"processId", "systemFolder", "registry software_ini_path", "beep",
-                               "wait 300", "beep", "wait 300", "beep", "wait 500", "beep"}))
+        EXPECT_EQ(host.calls, QStringList({"userSetting LookupFile", "processId", "systemFolder",
+                                           "registry software_ini_path", "beep", "wait 300", "beep",
+                                           "wait 300", "beep", "wait 500", "beep"}))
             << static_cast<int>(kind);
     }
 }
