@@ -71,8 +71,11 @@ void StringCatalog::readGreatestId()
 void StringCatalog::preloadAll()
 {
     try {
-        SqlStatement rows = m_db->prepare(
-            QStringLiteral("Select IndexValue, TranslatedValue from MAIN where IndexValue >= 0"));
+        // Names without an id are found by their text, never through the cache.
+        SqlStatement rows =
+            m_db->prepare(QStringLiteral("Select IndexValue, TranslatedValue from MAIN where "
+                                         "IndexValue >= 0 And IndexValue < ?"));
+        rows.bind(1, qint64{noId});
         while (rows.next()) {
             const qint32 id = static_cast<qint32>(rows.integer(0));
             // A second row of one id must not wipe a translation with an empty one.
