@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DayWalk.h"
+
+#include "AttachedMeterFiles.h"
+#include "LoadProgress.h"
+#include "platform/SqlIdentifier.h"
+#include "platform/StorageError.h"
+#include "store/TempQueryDatabase.h"
+
+#include <QLocale>
+
+namespace lorvane {
+
+namespace {
+
+const QString isoDate = QStringLiteral("yyyy-MM-dd");
+
+QString qualified(const QString& schema, const QString& table)
+{
+    return SqlIdentifier::quote(schema) + QLatin1Char('.') + SqlIdentifier::quote(table);
+}
+
+/// The first day row of a file for one day; a second row of the same day is never read.
+bool readDayRow(SqliteDatabase& db, const QString& schema, const QString& master, const QDate& day,
+                DayIndexRow& row)
+{
+    SqlStatement select = db.prepare(
+        QStringLiteral("SELECT * FROM %1 WHERE date([Date/Time]) = ? ORDER BY rowid LIMIT 1")
+            .arg(qualified(schema, master)));
+    select.bind(1, day.toString(isoDate));
+    if (!select.next())
+        return false;
+    row = DayIndexRow{};
+    row.day = day;
+    for (int c = 0; c < select.columnCount(); ++c)
+        row.values.insert(select.columnName(c), select.value(c));
+    const auto value = [&](const QString& name) { return select.value(name); };
+    row.logTablesIndex = value(QStringLiteral("LogTablesIndex")).toLongLong();
+    const QVariant recs = value(QStringLiteral("Recs"));
+    if (recs.isValid()) {
+        row.records = recs.toLongLong();
+        // A clear table flag means the day has no table, whatever the count says.
+        const QVariant hasTable = value(QStringLiteral("HTable"));
+        if (hasTable.isValid() && !hasTable.isNull() && hasTable.toLongLong() == 0)
+            row.records = 0;
+    } else {
+        for (int h = 0; h < 24; ++h)
+            row.records += value(QStringLiteral("Recs_%1").arg(h)).toLongLong();
+    }
+    return true;
+}
+
+} // namespace
+
+DayWalk::DayWalk(TempQueryDatabase& scratch, LoadProgress& progress)
+    : m_scratch(scratch), m_progress(progress)
+{
+}
+
+QString DayWalk::dateText(const QDate& date)
+{
+    return QLocale().toString(date, QLocale::ShortFormat);
+}
+
+QString DayWalk::timeText(const QDateTime& time)
+{
+    return QLocale().toString(time, QLocale::ShortFormat);
+}
+
+void DayWalk::stampDevice(SqliteDatabase& db, const QString& table, qint64 deviceIndex)
+{
+    db.execute(QStringLiteral("UPDATE %1 SET [DeviceIndex] = ? WHERE [DeviceIndex] < 0")
+                   .arg(SqlIdentifier::quote(table)),
+               {deviceIndex});
+}
+
+DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTable,
+                             const QString& word, const QDateTime& start, const QDateTime& end,
+                             bool descending, const Visitor& visit)
+{
+    SqliteDatabase& db = m_scratch.database();
+    AttachedMeterFiles attached(db);
+    Result result;
+    m_progress.status(QStringLiteral("Loading ") + word + QStringLiteral(" queries"));
+
+    const QDateTime first = std::min(start, end);
+    const QDateTime last = std::max(start, end);
+
+    // Bounds: the earliest and latest day of the range over all files.
+    QDate low;
+    QDate high;
+    QList<int> withDays;
+    for (int i = 0; i < files.size(); ++i) {
+        LogFileEntry& file = files[i];
+        if (!file.used)
+            continue;
+        m_progress.status(QStringLiteral("Open device file: ") + file.hardwareName);
+        try {
+            const QString schema = attached.schemaFor(file.dbPath);
+            SqlStatement bounds = db.prepare(
+                QStringLiteral("SELECT min(date([Date/Time])), max(date([Date/Time])) FROM %1 "
+                               "WHERE date([Date/Time]) BETWEEN ? AND ?")
+                    .arg(qualified(schema, masterTable)));
+            bounds.bindAll({first.date().toString(isoDate), last.date().toString(isoDate)});
+            if (!bounds.next() || bounds.isNull(0))
+                continue;
+            const QDate fileLow = QDate::fromString(bounds.text(0), isoDate);
+            const QDate fileHigh = QDate::fromString(bounds.text(1), isoDate);
+            low = low.isValid() ? std::min(low, fileLow) : fileLow;
+            high = high.isValid() ? std::max(high, fileHigh) : fileHigh;
+            withDays.append(i);
+        } catch (const StorageError&) {
+            // A file that will not open, or lacks this log, is left out of the query.
+            file.readable = false;
+        }
+    }
+    if (withDays.isEmpty() || !low.isValid()) {
+        m_progress.status(QStringLiteral("Search did not find any data from master databases."));
+        result.noData = true;
+        return result;
+    }
+
+    result.effectiveStart =
+        low == first.date() ? first : QDateTime(low, QTime(0, 0, 0), first.timeSpec());
+    result.effectiveEnd =
+        high == last.date() ? last : QDateTime(high, QTime(23, 59, 59), last.timeSpec());
+    QDateTime shownStart = result.effectiveStart;
+    QDateTime shownEnd = result.effectiveEnd;
+    if (descending)
+        std::swap(shownStart, shownEnd);
+    m_progress.status(QStringLiteral("Range from ") + timeText(shownStart) +
+                      QStringLiteral(" to ") + timeText(shownEnd));
+
+    const qint64 days = low.daysTo(high);
+    for (qint64 step = 0; step <= days; ++step) {
+        const QDate day = descending ? high.addDays(-step) : low.addDays(step);
+        const QDateTime dayStart(day, QTime(0, 0, 0), first.timeSpec());
+        const QDateTime dayEnd(day, QTime(23, 59, 59), first.timeSpec());
+        for (int i : withDays) {
+            LogFileEntry& file = files[i];
+            if (!file.readable)
+                continue;
+            DayVisit visit_;
+            try {
+                visit_.schema = attached.schemaFor(file.dbPath);
+                if (!readDayRow(db, visit_.schema, masterTable, day, visit_.row) ||
+                    visit_.row.records <= 0)
+                    continue;
+            } catch (const StorageError&) {
+                file.readable = false;
+                continue;
+            }
+            visit_.file = &file;
+            visit_.from = std::max(dayStart, result.effectiveStart);
+            visit_.to = std::min(dayEnd, result.effectiveEnd);
+            visit_.descending = descending;
+            m_progress.status(QStringLiteral("Searching data for device ") + file.hardwareName +
+                              QStringLiteral(" at ") + dateText(day));
+            const VisitResult done = visit(visit_);
+            result.rows += done.rows;
+            if (done.stop) {
+                result.stopped = true;
+                result.reached = done.reached;
+                return result;
+            }
+        }
+        m_progress.status(QStringLiteral("At ") + dateText(day) + QStringLiteral(", you have ") +
+                          QString::number(result.rows) + QStringLiteral(" data points."));
+        if (m_progress.cancelRequested()) {
+            result.cancelled = true;
+            result.reached = descending ? dayStart : dayEnd;
+            return result;
+        }
+    }
+    return result;
+}
+
+} // namespace lorvane
