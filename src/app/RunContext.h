@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "DefaultSelection.h"
 #include "LocalSystemSettings.h"
 #include "StartupPaths.h"
+#include "store/DeviceDataLookUp.h"
+#include "store/DeviceScaledFormats.h"
 #include "store/DeviceTypeTable.h"
 #include "store/SystemEventTexts.h"
 
@@ -64,9 +67,13 @@ struct RunContext
     std::unique_ptr<SqliteDatabase> dictionary;
     DeviceTypeTable deviceTypes;
     LocalSystemSettings settings;
+    /// The last selection of the selection window, read at start.
+    DefaultSelection defaultSelection;
     std::array<FixedDataPoint, 12> twelveFixedPoints;
     std::array<FixedDataPoint, 6> sixFixedPoints;
     QString commandLine;
+    DeviceDataLookUp deviceDataLookUp;
+    DeviceScaledFormats deviceScaledFormats;
     bool technicianMode = false;
 
     /// The end of a run: closes the dictionary and the scratch database and deletes this

@@ -9,6 +9,8 @@
 #include "platform/StoredPath.h"
 #include "platform/StringCatalog.h"
 #include "platform/UserText.h"
+#include "store/DataPointLabel.h"
+#include "store/DateTimeText.h"
 #include "store/TempQueryDatabase.h"
 
 #include <QLocale>
@@ -41,9 +43,11 @@ StartupSequence::Outcome StartupSequence::run(const QString& commandLine)
                                    const QString& key, const QString& defaultValue) {
                                 return m_host.userSetting(application, section, key, defaultValue);
                             });
+    m_context.defaultSelection.read(m_context.paths.settingsFile);
     fillFixedDataPoints();
     // A command line of blanks is still text: the command parser decides that it holds nothing.
     m_context.commandLine = commandLine;
+    loadLookUpTables();
 
     m_host.loadMainFrame(m_context);
     m_host.showSelectionWindow();
@@ -70,9 +74,9 @@ void StartupSequence::nameProcess()
                                                 .arg(buildinfo::versionPatch)
                                                 .arg(m_context.processId);
 
-    const QLocale locale = QLocale::system();
-    m_context.shortDateFormat = locale.dateFormat(QLocale::ShortFormat);
-    m_context.timeFormat = locale.timeFormat(QLocale::LongFormat);
+    const DateTimeText forms(QLocale::system());
+    m_context.shortDateFormat = forms.shortDateFormat();
+    m_context.timeFormat = forms.timeFormat();
     m_context.numberFormat = QStringLiteral("0.00");
     m_context.headerColour = {54, 94, 174};
     m_context.headerTextColour = {255, 255, 255};
@@ -133,12 +137,35 @@ void StartupSequence::signalDictionaryFailure()
 
 void StartupSequence::fillFixedDataPoints()
 {
-    // Labels are resolved through the dictionary once it can name points; the ids and flags
-    // are what the selection window hands on.
-    for (std::size_t i = 0; i < m_context.twelveFixedPoints.size(); ++i)
-        m_context.twelveFixedPoints[i] = {false, RunContext::twelveFixedIds[i], QString()};
-    for (std::size_t i = 0; i < m_context.sixFixedPoints.size(); ++i)
-        m_context.sixFixedPoints[i] = {false, RunContext::sixFixedIds[i], QString()};
+    // Each label costs two statements, so the fixed points are named once here and the
+    // selection window hands on the stored rows.
+    const auto label = [this](qint32 id) {
+        try {
+            return DataPointLabel::text(*m_context.dictionary, id);
+        } catch (const std::exception&) {
+            return DataPointLabel::notAvailable(id);
+        }
+    };
+    const auto fill = [&label](auto& rows, const auto& ids) {
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            rows[i] = {false, ids[i], label(ids[i])};
+    };
+    fill(m_context.twelveFixedPoints, RunContext::twelveFixedIds);
+    fill(m_context.sixFixedPoints, RunContext::sixFixedIds);
+}
+
+void StartupSequence::loadLookUpTables()
+{
+    // A dictionary without these tables still starts: values are then shown as plain numbers
+    // in the settings' format.
+    try {
+        m_context.deviceDataLookUp.load(*m_context.dictionary);
+    } catch (const std::exception&) {
+    }
+    try {
+        m_context.deviceScaledFormats.load(*m_context.dictionary);
+    } catch (const std::exception&) {
+    }
 }
 
 void StartupSequence::readTechnicianFlag()

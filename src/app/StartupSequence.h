@@ -40,6 +40,7 @@ private:
     bool openDictionary();
     void signalDictionaryFailure();
     void fillFixedDataPoints();
+    void loadLookUpTables();
     void readTechnicianFlag();
 
     StartupHost& m_host;

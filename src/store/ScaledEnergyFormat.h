@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLocale>
+#include <QString>
+#include <optional>
+
+namespace lorvane {
+
+class SqliteDatabase;
+
+/// How a meter shows one of its energy values: a row of its `ScaledFormats` table (per
+/// `ProfileIndex` and `FormatID`: `Digits`, `Units`, `Decimals`).
+///
+/// `Units` names the power of a thousand of the register's unit, and so its prefix:
+/// 0 none, 1 "k", 2 "M", 3 "G"; any other value is shown without a prefix. The value itself is
+/// never rescaled: the meter logs it in the unit that `Units` names.
+class ScaledEnergyFormat
+{
+public:
+    /// Most decimals a format shows; a row asking for more shows this many.
+    static constexpr int maximumDecimals = 7;
+
+    ScaledEnergyFormat() = default;
+    /// `decimals` below 0 count as 0, above `maximumDecimals` as `maximumDecimals`.
+    ScaledEnergyFormat(int digits, int units, int decimals);
+
+    /// The row of `ScaledFormats` in an open meter file for a profile and format id; nothing
+    /// when the file has no such row. NULL columns read as 0. Throws StorageError when the
+    /// table cannot be read.
+    static std::optional<ScaledEnergyFormat> read(SqliteDatabase& meter, qint64 profileIndex,
+                                                  qint64 formatId);
+
+    int digits() const { return m_digits; }
+    int units() const { return m_units; }
+    int decimals() const { return m_decimals; }
+
+    /// The number format: "#,##0" with `decimals` zeros after a point ("#,##0.00").
+    QString pattern() const;
+    /// The unit prefix that `units` names ("", "k", "M", "G").
+    QString unitPrefix() const;
+    /// `value` with thousands grouped and `decimals` decimals, in the separators of `locale`
+    /// (grouping is shown even where the locale would leave it out, as the format asks).
+    QString text(double value, const QLocale& locale) const;
+
+private:
+    int m_digits = 0;
+    int m_units = 0;
+    int m_decimals = 0;
+};
+
+} // namespace lorvane
