@@ -5,6 +5,7 @@
 #include "LoadProgress.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/StorageError.h"
+#include "platform/UserText.h"
 #include "store/TempQueryDatabase.h"
 
 #include <QLocale>
@@ -81,7 +82,7 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
     SqliteDatabase& db = m_scratch.database();
     AttachedMeterFiles attached(db);
     Result result;
-    m_progress.status(QStringLiteral("Loading ") + word + QStringLiteral(" queries"));
+    m_progress.status(userText("300010", "Loading ") + word + userText("300011", " queries"));
 
     const QDateTime first = std::min(start, end);
     const QDateTime last = std::max(start, end);
@@ -94,7 +95,8 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
         LogFileEntry& file = files[i];
         if (!file.used)
             continue;
-        m_progress.status(QStringLiteral("Open device file: ") + file.hardwareName);
+        m_progress.status(userText("300012", "Open device file") + QStringLiteral(": ") +
+                          file.hardwareName);
         try {
             const QString schema = attached.schemaFor(file.dbPath);
             SqlStatement bounds = db.prepare(
@@ -115,7 +117,8 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
         }
     }
     if (withDays.isEmpty() || !low.isValid()) {
-        m_progress.status(QStringLiteral("Search did not find any data from master databases."));
+        m_progress.status(userText("300013", "Search did not find any data from master databases") +
+                          QLatin1Char('.'));
         result.noData = true;
         return result;
     }
@@ -128,8 +131,9 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
     QDateTime shownEnd = result.effectiveEnd;
     if (descending)
         std::swap(shownStart, shownEnd);
-    m_progress.status(QStringLiteral("Range from ") + timeText(shownStart) +
-                      QStringLiteral(" to ") + timeText(shownEnd));
+    m_progress.status(userText("300014", "Range from") + QLatin1Char(' ') + timeText(shownStart) +
+                      QLatin1Char(' ') + userText("300015", "to") + QLatin1Char(' ') +
+                      timeText(shownEnd));
 
     const qint64 days = low.daysTo(high);
     for (qint64 step = 0; step <= days; ++step) {
@@ -154,8 +158,9 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
             visit_.from = std::max(dayStart, result.effectiveStart);
             visit_.to = std::min(dayEnd, result.effectiveEnd);
             visit_.descending = descending;
-            m_progress.status(QStringLiteral("Searching data for device ") + file.hardwareName +
-                              QStringLiteral(" at ") + dateText(day));
+            m_progress.status(userText("300016", "Searching data for device") + QLatin1Char(' ') +
+                              file.hardwareName + QLatin1Char(' ') + userText("300017", "at") +
+                              QLatin1Char(' ') + dateText(day));
             const VisitResult done = visit(visit_);
             result.rows += done.rows;
             if (done.stop) {
@@ -164,8 +169,10 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
                 return result;
             }
         }
-        m_progress.status(QStringLiteral("At ") + dateText(day) + QStringLiteral(", you have ") +
-                          QString::number(result.rows) + QStringLiteral(" data points."));
+        m_progress.status(userText("300020", "At") + QLatin1Char(' ') + dateText(day) +
+                          QStringLiteral(", ") + userText("300018", "you have") + QLatin1Char(' ') +
+                          QString::number(result.rows) + QLatin1Char(' ') +
+                          userText("300019", "data points") + QLatin1Char('.'));
         if (m_progress.cancelRequested()) {
             result.cancelled = true;
             result.reached = descending ? dayStart : dayEnd;
