@@ -109,7 +109,9 @@ QString CliOutput::usageText()
     return QStringLiteral("usage: lorvane-cli COMMAND [ARGUMENTS]\n"
                           "commands:\n"
                           "  info FILE [--json]   version, device, log inventory and log tree "
-                          "of a meter database or Device Master Log (.dml)\n");
+                          "of a meter database or Device Master Log (.dml)\n"
+                          "  label ID [ID ...] [--dictionary PATH] [--json]   data point labels "
+                          "from the dictionary\n");
 }
 
 int CliOutput::usage(const QString& message)

@@ -3,6 +3,7 @@
 #include "CliOutput.h"
 #include "ExitCode.h"
 #include "InfoCommand.h"
+#include "LabelCommand.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -20,5 +21,7 @@ int main(int argc, char* argv[])
     }
     if (command == QLatin1String("info"))
         return lorvane::cli::InfoCommand::run(arguments);
+    if (command == QLatin1String("label"))
+        return lorvane::cli::LabelCommand::run(arguments);
     return lorvane::cli::CliOutput::usage(QStringLiteral("unknown command: ") + command);
 }
