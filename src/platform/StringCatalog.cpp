@@ -127,8 +127,13 @@ QString StringCatalog::lookUpByText(const QString& text)
 {
     // The English text is bound, not pasted into the statement: a name with an apostrophe
     // ("Operator's Limit") would otherwise break the statement and never be translated.
-    const QVariant value = m_db->scalar(
-        QStringLiteral("Select TranslatedValue From MAIN where TextValue = ?"), {text});
+    // Rows kept for names (id 999999) come first: the same English word may also stand under
+    // an id with another meaning ("Power" the event class against "Power" the data point
+    // group).
+    const QVariant value =
+        m_db->scalar(QStringLiteral("Select TranslatedValue From MAIN where TextValue = ? "
+                                    "Order By (IndexValue = ?) Desc, IndexValue"),
+                     {text, noId});
     return value.isNull() ? QString() : value.toString();
 }
 
