@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ViewRegistry.h"
+
+#include "QueryContext.h"
+
+namespace lorvane {
+
+ViewRegistry::ViewRegistry()
+{
+    // One entry per view: {name, LogKind, description, function}. Keep the names lower case
+    // and stable: scripts call them through `lorvane-cli query NAME`.
+    m_views = {};
+}
+
+const ViewRegistry& ViewRegistry::instance()
+{
+    static const ViewRegistry registry;
+    return registry;
+}
+
+const ViewDefinition* ViewRegistry::find(const QString& name) const
+{
+    for (const ViewDefinition& view : m_views) {
+        if (view.name == name)
+            return &view;
+    }
+    return nullptr;
+}
+
+QStringList ViewRegistry::names() const
+{
+    QStringList out;
+    for (const ViewDefinition& view : m_views)
+        out << view.name;
+    return out;
+}
+
+std::function<QList<ViewResult>(QueryContext&, const ViewRequest&)>
+ViewRegistry::singlePage(std::function<ViewResult(QueryContext&)> view)
+{
+    return [view = std::move(view)](QueryContext& context, const ViewRequest&) {
+        return QList<ViewResult>{view(context)};
+    };
+}
+
+} // namespace lorvane
