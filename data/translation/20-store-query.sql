@@ -50,5 +50,18 @@ INSERT INTO MAIN (IndexValue, TextValue, TranslatedValue) VALUES
     (200225, 'Transients', 'Transienten'),
     -- Log tree
     (300001, 'From ', 'Von '),
-    (300002, ' to ', ' bis ');
+    (300002, ' to ', ' bis '),
+    -- Progress of the day walk of a query
+    (300010, 'Loading ', 'Lade '),
+    (300011, ' queries', ' Abfragen'),
+    (300012, 'Open device file', 'Gerätedatei öffnen'),
+    (300013, 'Search did not find any data from master databases',
+        'Die Suche hat in den Stammdatenbanken keine Daten gefunden'),
+    (300014, 'Range from', 'Bereich von'),
+    (300015, 'to', 'bis'),
+    (300016, 'Searching data for device', 'Suche Daten für Gerät'),
+    (300017, 'at', 'am'),
+    (300018, 'you have', 'haben Sie'),
+    (300019, 'data points', 'Datenpunkte'),
+    (300020, 'At', 'Am');
 COMMIT;

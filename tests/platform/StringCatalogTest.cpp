@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/StringCatalog.h"
 
+#include "platform/RegistryAccess.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/UserText.h"
 #include "support/ScopedStringCatalog.h"
@@ -8,6 +9,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <optional>
 
 using namespace lorvane;
 
@@ -42,6 +44,34 @@ QString writeFullDatabase(const QTemporaryDir& dir)
                 "INSERT INTO MAIN VALUES (180, 'Operator''s Limit', 'Όριο χειριστή');"
                 "INSERT INTO MAIN VALUES (200, 'Print', 'Εκτύπωση');"));
 }
+
+// Sets (or, with no value, unsets) an environment variable for one scope.
+class ScopedVariable
+{
+public:
+    ScopedVariable(QByteArray name, const std::optional<QByteArray>& value)
+        : m_name(std::move(name)), m_wasSet(qEnvironmentVariableIsSet(m_name.constData())),
+          m_saved(qgetenv(m_name.constData()))
+    {
+        set(value);
+    }
+    ~ScopedVariable() { set(m_wasSet ? std::optional(m_saved) : std::nullopt); }
+    ScopedVariable(const ScopedVariable&) = delete;
+    ScopedVariable& operator=(const ScopedVariable&) = delete;
+
+private:
+    void set(const std::optional<QByteArray>& value) const
+    {
+        if (value)
+            qputenv(m_name.constData(), *value);
+        else
+            qunsetenv(m_name.constData());
+    }
+
+    QByteArray m_name;
+    bool m_wasSet;
+    QByteArray m_saved;
+};
 
 } // namespace
 
@@ -191,4 +221,28 @@ TEST(StringCatalog, DeliveredGermanDatabase)
     EXPECT_EQ(userTextByName(QStringLiteral("Power")), "Leistung");
     EXPECT_EQ(userTextByName(QStringLiteral("Power Factor")), "Leistungsfaktor");
     EXPECT_EQ(userTextByName(QStringLiteral("Van")), "Van");
+}
+
+TEST(StringCatalog, LookupFileComesFromTheUsersSettings)
+{
+    const QByteArray variable =
+        RegistryAccess::environmentName(StringCatalog::settingKey).toLatin1();
+    ASSERT_EQ(variable, "LORVANE_REG_LOOKUPFILE");
+    QTemporaryDir configHome;
+    const ScopedVariable noUserFiles("XDG_CONFIG_HOME", configHome.path().toLocal8Bit());
+    const auto configured = [] {
+        return RegistryAccess().readUserSetting(
+            StringCatalog::settingApplication, StringCatalog::settingSection,
+            StringCatalog::settingKey, StringCatalog::noLookupFile);
+    };
+    {
+        const ScopedVariable unset(variable, std::nullopt);
+        EXPECT_EQ(configured(), "NONE");
+        EXPECT_TRUE(StringCatalog(configured()).inactive());
+    }
+    const ScopedVariable german(variable,
+                                test::ScopedStringCatalog::germanDatabase().toLocal8Bit());
+    StringCatalog catalog(configured());
+    EXPECT_FALSE(catalog.inactive());
+    EXPECT_EQ(catalog.translate("200003", "Database:"), "Datenbank:");
 }
