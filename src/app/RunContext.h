@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "DefaultSelection.h"
 #include "LocalSystemSettings.h"
 #include "StartupPaths.h"
 #include "store/DeviceDataLookUp.h"
@@ -66,6 +67,8 @@ struct RunContext
     std::unique_ptr<SqliteDatabase> dictionary;
     DeviceTypeTable deviceTypes;
     LocalSystemSettings settings;
+    /// The last selection of the selection window, read at start.
+    DefaultSelection defaultSelection;
     std::array<FixedDataPoint, 12> twelveFixedPoints;
     std::array<FixedDataPoint, 6> sixFixedPoints;
     QString commandLine;

@@ -43,6 +43,7 @@ StartupSequence::Outcome StartupSequence::run(const QString& commandLine)
                                    const QString& key, const QString& defaultValue) {
                                 return m_host.userSetting(application, section, key, defaultValue);
                             });
+    m_context.defaultSelection.read(m_context.paths.settingsFile);
     fillFixedDataPoints();
     // A command line of blanks is still text: the command parser decides that it holds nothing.
     m_context.commandLine = commandLine;
