@@ -2,6 +2,7 @@
 #include "ViewRegistry.h"
 
 #include "QueryContext.h"
+#include "SnapshotView.h"
 
 namespace lorvane {
 
@@ -9,7 +10,12 @@ ViewRegistry::ViewRegistry()
 {
     // One entry per view: {name, LogKind, description, function}. Keep the names lower case
     // and stable: scripts call them through `lorvane-cli query NAME`.
-    m_views = {};
+    m_views = {
+        {QStringLiteral("snapshots"), 3, QStringLiteral("snapshot values of the selected points"),
+         [](QueryContext& c, const ViewRequest& r) { return SnapshotView::run(c, r, 3); }},
+        {QStringLiteral("demand"), 4, QStringLiteral("energy and demand values"),
+         [](QueryContext& c, const ViewRequest& r) { return SnapshotView::run(c, r, 4); }},
+    };
 }
 
 const ViewRegistry& ViewRegistry::instance()
