@@ -110,8 +110,15 @@ QString CliOutput::usageText()
                           "commands:\n"
                           "  info FILE [--json]   version, device, log inventory and log tree "
                           "of a meter database or Device Master Log (.dml)\n"
+                          "  upgrade FILE [--json]   bring a meter database to schema 8.6 in "
+                          "place (writes the file)\n"
                           "  label ID [ID ...] [--dictionary PATH] [--json]   data point labels "
-                          "from the dictionary\n");
+                          "from the dictionary\n"
+                          "  query VIEW --meter FILE [--meter FILE2] [--points ID,...] "
+                          "(--from T --to T | --last N minutes|hours|days|weeks) [--page N | "
+                          "--all-pages] [--sort ITEM] [--desc] [--type NAME] [--format csv|json] "
+                          "[--template PATH] [--dictionary PATH]   the grids of a view "
+                          "(snapshots, demand, ...)\n");
 }
 
 int CliOutput::usage(const QString& message)

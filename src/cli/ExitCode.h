@@ -14,6 +14,8 @@ enum ExitCode : int
     Damaged = 4,      ///< a database without the rows a meter file must have
     VersionFault = 5, ///< a schema version the program cannot read
     Failure = 6,      ///< any other failure (engine error, unwritable output)
+    Refused = 7,      ///< the file may not be opened or changed and is left as it is
+                      ///< (read-only attribute, a version that cannot be upgraded)
 };
 
 } // namespace lorvane::cli

@@ -4,6 +4,8 @@
 #include "ExitCode.h"
 #include "InfoCommand.h"
 #include "LabelCommand.h"
+#include "QueryCommand.h"
+#include "UpgradeCommand.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -21,6 +23,10 @@ int main(int argc, char* argv[])
     }
     if (command == QLatin1String("info"))
         return lorvane::cli::InfoCommand::run(arguments);
+    if (command == QLatin1String("upgrade"))
+        return lorvane::cli::UpgradeCommand::run(arguments);
+    if (command == QLatin1String("query"))
+        return lorvane::cli::QueryCommand::run(arguments);
     if (command == QLatin1String("label"))
         return lorvane::cli::LabelCommand::run(arguments);
     return lorvane::cli::CliOutput::usage(QStringLiteral("unknown command: ") + command);

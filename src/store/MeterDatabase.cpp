@@ -41,13 +41,17 @@ MeterDatabase::MeterDatabase(const QString& path, const QString& step) : m_path(
 
 void MeterDatabase::rethrow(const QString& step, const std::exception& e) const
 {
+    rethrow(step, m_path, e);
+}
+
+void MeterDatabase::rethrow(const QString& step, const QString& path, const std::exception& e)
+{
     if (const auto* fault = dynamic_cast<const Fault*>(&e))
         throw *fault;
     if (const auto* storage = dynamic_cast<const StorageError*>(&e))
-        throw faultFor(*storage, step, m_path);
+        throw faultFor(*storage, step, path);
     throw Fault(Fault::Kind::Other,
-                MeterMessages::engineFailure(step, m_path, QString::fromUtf8(e.what())), step,
-                m_path);
+                MeterMessages::engineFailure(step, path, QString::fromUtf8(e.what())), step, path);
 }
 
 QString MeterDatabase::fileName() const

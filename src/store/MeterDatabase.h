@@ -41,6 +41,10 @@ public:
 
     /// The Fault for an engine failure during `step` on this file.
     [[noreturn]] void rethrow(const QString& step, const std::exception& e) const;
+    /// The Fault the user sees for any failure during `step` on the file at `path`: a Fault
+    /// passes as it is, a StorageError gets the message of its kind.
+    [[noreturn]] static void rethrow(const QString& step, const QString& path,
+                                     const std::exception& e);
 
 private:
     QString m_path;

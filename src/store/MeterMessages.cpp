@@ -47,4 +47,57 @@ QString MeterMessages::engineFailure(const QString& step, const QString& path,
     return step + QStringLiteral(" - ") + path + QLatin1Char('\n') + detail;
 }
 
+QString MeterMessages::cannotReadVersion()
+{
+    return QStringLiteral("Cannot read current database version") + QLatin1Char('.') +
+           QLatin1Char('\n') + QStringLiteral("Program will end. Please try again") +
+           QLatin1Char('.');
+}
+
+QString MeterMessages::invalidVersion(double version)
+{
+    return QStringLiteral("Invalid database version") + QLatin1Char(' ') + versionText(version) +
+           QLatin1Char(' ') + QLatin1Char('\n') + QStringLiteral("Program will end") +
+           QLatin1Char('.');
+}
+
+QString MeterMessages::olderThan(const QString& name, double version, const QString& limit)
+{
+    return QStringLiteral("Program cannot open this database file.") + QLatin1Char('\n') + name +
+           QLatin1Char('\n') + QStringLiteral("Version") + QLatin1Char(' ') + versionText(version) +
+           QLatin1Char('\n') + QStringLiteral("is older than version ") + limit + QLatin1Char('.');
+}
+
+QString MeterMessages::cannotBeUpgraded(const QString& name, double version)
+{
+    return QStringLiteral("Current database file:") + QLatin1Char('\n') + name + QLatin1Char('\n') +
+           QStringLiteral("Version") + QLatin1Char(' ') + versionText(version) + QLatin1Char('\n') +
+           QStringLiteral("cannot be upgraded.  Please start with a new file.");
+}
+
+QString MeterMessages::newerThanSystem(double systemVersion, const QString& systemNote,
+                                       double selectedVersion, const QString& selectedNote)
+{
+    const QChar br = QLatin1Char('\n');
+    return QStringLiteral("The DB file you have selected is newer than your system`s DB") +
+           QLatin1Char('.') + br +
+           QStringLiteral("You current software will not be able to open it") + QLatin1Char('.') +
+           br + QStringLiteral("Software upgrade may be required") + QLatin1Char('.') + br +
+           QStringLiteral("System DB") + QStringLiteral(",   v") +
+           QString::number(systemVersion, 'f', 1) + QStringLiteral(", ") + systemNote + br +
+           QStringLiteral("Selected DB") + QStringLiteral(", v") +
+           QString::number(selectedVersion, 'f', 1) + QStringLiteral(", ") + selectedNote;
+}
+
+QString MeterMessages::updatingTo83()
+{
+    return QStringLiteral(
+        "Updating database to v8.3, please wait. This could take several minutes.");
+}
+
+QString MeterMessages::versionText(double version)
+{
+    return QString::number(version, 'g', 10);
+}
+
 } // namespace lorvane

@@ -15,6 +15,23 @@ public:
     static QString readOnlyAttribute(const QString& name);
     static QString fileMissing(const QString& path);
     static QString notADatabase(const QString& path);
+    /// "Cannot read current database version.\nProgram will end. Please try again."
+    static QString cannotReadVersion();
+    /// "Invalid database version {version} \nProgram will end."
+    static QString invalidVersion(double version);
+    /// "Program cannot open this database file.\n{name}\nVersion {version}\nis older than
+    /// version {limit}." (limit as "7.5" or "7.6").
+    static QString olderThan(const QString& name, double version, const QString& limit);
+    /// "Current database file:\n{name}\nVersion {version}\ncannot be upgraded.  Please start
+    /// with a new file."
+    static QString cannotBeUpgraded(const QString& name, double version);
+    /// The five lines of a meter file newer than the scratch database; versions as "0.0".
+    static QString newerThanSystem(double systemVersion, const QString& systemNote,
+                                   double selectedVersion, const QString& selectedNote);
+    /// The label text while the 8.3 step walks the hour tables.
+    static QString updatingTo83();
+    /// A version as the messages show it: shortest form ("7.8", "7.55", "-1").
+    static QString versionText(double version);
     /// The general handler's report of an engine failure: step, path and the engine's words.
     static QString engineFailure(const QString& step, const QString& path, const QString& detail);
 };

@@ -38,6 +38,27 @@ TableLayout hourMaster(const char* name)
     return addSpan(layout);
 }
 
+/// The layout without the named columns; its indexes stay.
+TableLayout without(const TableLayout& layout, const QStringList& columns)
+{
+    TableLayout reduced(layout.name());
+    for (const ColumnLayout& column : layout.columns()) {
+        if (!columns.contains(column.name))
+            reduced.add(column.name, column.type, column.defaultValue);
+    }
+    for (const IndexLayout& index : layout.indexes())
+        reduced.index(index.name, index.columns, index.unique);
+    return reduced;
+}
+
+QStringList numbered(const char* pattern, int first, int last)
+{
+    QStringList names;
+    for (int i = first; i <= last; ++i)
+        names << n(pattern, i);
+    return names;
+}
+
 TableLayout dayMaster(const char* name)
 {
     TableLayout layout(s(name));
@@ -52,6 +73,11 @@ TableLayout dayMaster(const char* name)
 
 MeterSchema::MeterSchema(double version) : m_version(version)
 {
+}
+
+bool MeterSchema::before(double version) const
+{
+    return m_version < version - 1e-9;
 }
 
 ColumnType MeterSchema::fractionType() const
@@ -216,7 +242,72 @@ QList<TableLayout> MeterSchema::fileTables() const
     // Empty layout tables that the per-day tables copy.
     tables << hourTimeIndex().renamed(s("HistLogTimeIndexTmp")) << inputLog() << relayLog()
            << flickerMaxMin() << systemEventLog();
+    if (before(currentVersion))
+        leaveOutLaterAdditions(tables);
     return tables;
+}
+
+void MeterSchema::leaveOutLaterAdditions(QList<TableLayout>& tables) const
+{
+    // Tables that a later step creates, and the columns that later steps add to a table,
+    // each with the version of that step. Per-day tables and the demand hour tables are not
+    // touched by any step, so they keep their layout at every version.
+    struct Addition
+    {
+        double version;
+        const char* table;
+        QStringList columns; ///< empty: the step creates the whole table
+    };
+    QStringList statusColumns;
+    for (const char* extreme : {"Max", "Min"}) {
+        for (const char* term : {"ST", "LT"}) {
+            for (const char* phase : {"Va", "Vb", "Vc"})
+                statusColumns << s(extreme) + QLatin1Char('_') + s(term) + s("_DT_") + s(phase) +
+                                     s("_Status");
+        }
+    }
+    const Addition additions[] = {
+        {7.6, "PQWaveLogDataItem", {s("RecordFormat")}},
+        {7.9, "AllLogs", {s("HarvesterVersion"), s("HarvesterInfo")}},
+        {7.9, "InputLogA", {}},
+        {7.9, "InputLogDataItem", {}},
+        {7.9, "RelayLogA", {}},
+        {7.9, "RelayLogDataItem", {}},
+        {8.0, "InputLogDataItem", {s("InputFlip")}},
+        {8.0, "AllLogs", QStringList{s("DownloadSoftwareInfo")} + numbered("FirmwareInfo%1", 1, 5)},
+        {8.0, "DeviceInformation", {s("HardwareTypeName")}},
+        {8.0, "RelayLogA", QStringList{s("InputStatusB")} + numbered("InputInfo%1", 19, 54)},
+        {8.0, "RelayLogDataItem",
+         numbered("LogicStr%1", 9, 44) + QStringList{s("Hysteresis"), s("LogicControl")}},
+        {8.1, "Flicker_MaxMin", {}},
+        {8.2, "Flicker_MaxMin", statusColumns},
+        {8.3, "HistLogTimeIndexTmp", {s("ProfileIndex")}},
+        {8.3, "ScaledFormats", {}},
+        {8.4, "AllSystemEventLogs", {}},
+        {8.4, "SystemEventLogA", {}},
+        {8.5, "HSInputLabels", {}},
+        {8.6, "AllPQTestLogs", {}},
+    };
+    for (const Addition& addition : additions) {
+        if (!before(addition.version))
+            continue;
+        for (qsizetype i = tables.size() - 1; i >= 0; --i) {
+            if (tables.at(i).name() != s(addition.table))
+                continue;
+            if (addition.columns.isEmpty())
+                tables.removeAt(i);
+            else
+                tables[i] = without(tables.at(i), addition.columns);
+        }
+    }
+    // From 8.3, when the step makes it, to 8.5, whose step deletes it, ScaledFormats carries
+    // a unique index on FormatID.
+    if (before(8.5)) {
+        for (TableLayout& table : tables) {
+            if (table.name() == s("ScaledFormats"))
+                table.index(s("FormatID"), {s("FormatID")}, true);
+        }
+    }
 }
 
 TableLayout MeterSchema::table(const QString& name) const
@@ -437,7 +528,12 @@ TableLayout MeterSchema::dayTable(LogKind kind, qint64 logTablesIndex) const
 
 TableLayout MeterSchema::hourTimeIndexTable(LogKind kind, qint64 logTablesIndex, int hour) const
 {
-    return hourTimeIndex().renamed(SchemaCatalog::hourTimeIndexTable(kind, logTablesIndex, hour));
+    TableLayout layout =
+        hourTimeIndex().renamed(SchemaCatalog::hourTimeIndexTable(kind, logTablesIndex, hour));
+    // The 8.3 step adds ProfileIndex to the snapshot hour tables only.
+    if (kind == LogKind::Snapshots && before(8.3))
+        return without(layout, {s("ProfileIndex")});
+    return layout;
 }
 
 TableLayout MeterSchema::hourValueTable(LogKind kind, qint64 logTablesIndex, int hour) const

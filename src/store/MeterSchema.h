@@ -8,10 +8,12 @@
 
 namespace lorvane {
 
-/// Table layouts of a meter database at a schema version from 8.6 on: the file-wide tables
-/// and the per-day and per-hour tables. Writers create files from it, readers and tests check
-/// files against it. From 9.0 the PQ and waveform ms columns hold real milliseconds with a
-/// tenth; 9.1 adds the user item labels.
+/// Table layouts of a meter database at a schema version: the file-wide tables and the
+/// per-day and per-hour tables. Writers create files from it, readers and tests check files
+/// against it. From 9.0 the PQ and waveform ms columns hold real milliseconds with a tenth;
+/// 9.1 adds the user item labels. A version below 8.6 holds the 8.6 layout minus what the
+/// later upgrade steps add (the tables they create, the columns they add); 7.55 has the
+/// layout of 7.5 and 7.8 that of 7.7, as no step leads to or from them.
 class MeterSchema
 {
 public:
@@ -21,7 +23,7 @@ public:
 
     double version() const { return m_version; }
 
-    /// The tables every file holds, in creation order.
+    /// The tables every file of this version holds, in creation order.
     QList<TableLayout> fileTables() const;
     /// One file-wide table by name (any case); an empty layout when unknown.
     TableLayout table(const QString& name) const;
@@ -44,6 +46,10 @@ public:
     TableLayout hourValues() const;
 
 private:
+    /// The version is below `version` (compared with a margin for the doubles).
+    bool before(double version) const;
+    /// Removes from the 8.6 file-wide tables what the steps after this version add.
+    void leaveOutLaterAdditions(QList<TableLayout>& tables) const;
     /// Integer thousandths before 9.0, real milliseconds with a tenth from 9.0.
     ColumnType fractionType() const;
 

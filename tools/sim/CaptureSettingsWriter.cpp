@@ -36,6 +36,9 @@ constexpr InputLabel inputLabels[8] = {
 
 void insert(SqliteDatabase& db, const TableLayout& layout, const QVariantMap& row)
 {
+    // A schema version without the table (HSInputLabels before 8.5) gets no row.
+    if (layout.columns().isEmpty())
+        return;
     SqlStatement statement = db.prepare(layout.insertSql());
     CaptureDayTables::insertRow(statement, layout, row);
 }

@@ -43,7 +43,7 @@ void DayLogBook::closeDay()
         .set(QStringLiteral("Records"), m_records)
         .set(QStringLiteral("StartDate/Time"), SimClock::text(m_first))
         .set(QStringLiteral("EndDate/Time"), SimClock::text(m_last))
-        .run(*m_meter.db);
+        .run(m_meter);
     m_records = 0;
     m_insert.reset();
 }

@@ -47,7 +47,7 @@ void FileHeaderWriter::write(const SimMeter& meter, const MeterProfile& profile,
         .set(QStringLiteral("Version"), meter.schema.version())
         .set(QStringLiteral("Note"),
              QStringLiteral("Written by lorvane-sim, seed %1").arg(meter.seed))
-        .run(db);
+        .run(meter);
     RowInsert(QStringLiteral("DeviceInformation"))
         .set(QStringLiteral("DeviceTypeID"), qint64(profile.deviceTypeId()))
         .set(QStringLiteral("DeviceType"), profile.deviceTypeName())
@@ -58,7 +58,7 @@ void FileHeaderWriter::write(const SimMeter& meter, const MeterProfile& profile,
                                                .arg(meter.seed, 6, 10, QLatin1Char('0')))
         .set(QStringLiteral("HardwareTypeName"), profile.deviceTypeName())
         .set(QStringLiteral("KGate"), qint64(profile.kGate()))
-        .run(db);
+        .run(meter);
 
     qint64 minute = 0;
     for (SimLog log : logs) {
@@ -73,7 +73,7 @@ void FileHeaderWriter::write(const SimMeter& meter, const MeterProfile& profile,
             .set(QStringLiteral("FirmwareInfo2"), QStringLiteral("DSP 2.07"))
             .set(QStringLiteral("FirmwareInfo3"),
                  profile.kGate() > 0 ? QStringLiteral("K-Gate 1.3") : QStringLiteral("N/A"))
-            .run(db);
+            .run(meter);
     }
 
     SqlStatement point =
@@ -94,7 +94,7 @@ void FileHeaderWriter::write(const SimMeter& meter, const MeterProfile& profile,
             .set(QStringLiteral("Digits"), qint64(f[1]))
             .set(QStringLiteral("Units"), qint64(f[2]))
             .set(QStringLiteral("Decimals"), qint64(f[3]))
-            .run(db);
+            .run(meter);
     }
 
     if (meter.schema.version() >= 9.1 - 1e-9) {
@@ -108,7 +108,7 @@ void FileHeaderWriter::write(const SimMeter& meter, const MeterProfile& profile,
                 .set(QStringLiteral("ProfileIndex"), qint64(profileIndex))
                 .set(QStringLiteral("Item_Index"), qint64(item))
                 .set(QStringLiteral("Label"), QString::fromLatin1(label))
-                .run(db);
+                .run(meter);
         }
     }
 }
@@ -166,7 +166,7 @@ void FileHeaderWriter::writeLastTimeStamps(const SimMeter& meter, const QList<Si
             .set(QStringLiteral("Lastms"), qint64(0))
             .set(QStringLiteral("LastDTmode"), qint64(0))
             .set(QStringLiteral("LastRecNum"), last.integer(1))
-            .run(db);
+            .run(meter);
     }
     RowInsert(QStringLiteral("LastTimeStamps"))
         .set(QStringLiteral("LogID"), qint64(0))
@@ -175,7 +175,7 @@ void FileHeaderWriter::writeLastTimeStamps(const SimMeter& meter, const QList<Si
         .set(QStringLiteral("Lastms"), qint64(0))
         .set(QStringLiteral("LastDTmode"), qint64(0))
         .set(QStringLiteral("LastRecNum"), qint64(0))
-        .run(db);
+        .run(meter);
 }
 
 } // namespace lorvane::sim

@@ -92,7 +92,34 @@ void MeterSimulator::run() const
         writeFile(SplitLogLayout::databasePath(out, static_cast<int>(log)), {log});
 }
 
-void MeterSimulator::writeFile(const QString& path, const QList<SimLog>& logs) const
+bool MeterSimulator::versionHolds(const MeterSchema& schema, SimLog log)
+{
+    // A log is written only from the version whose step made the table it cannot do
+    // without: its settings, its layout or its master.
+    const char* table = nullptr;
+    switch (log) {
+    case SimLog::Inputs:
+        table = "InputLogDataItem";
+        break;
+    case SimLog::Relays:
+        table = "RelayLogDataItem";
+        break;
+    case SimLog::Flicker:
+        table = "Flicker_MaxMin";
+        break;
+    case SimLog::SystemEvent:
+        table = "AllSystemEventLogs";
+        break;
+    case SimLog::EN50160:
+        table = "AllPQTestLogs";
+        break;
+    default:
+        return true;
+    }
+    return !schema.table(QString::fromLatin1(table)).columns().isEmpty();
+}
+
+void MeterSimulator::writeFile(const QString& path, const QList<SimLog>& profileLogs) const
 {
     QElapsedTimer timer;
     timer.start();
@@ -126,6 +153,11 @@ void MeterSimulator::writeFile(const QString& path, const QList<SimLog>& logs) c
         meter.folder = info.absolutePath();
         meter.startSecond = start;
         meter.endSecond = end;
+        QList<SimLog> logs;
+        for (SimLog log : profileLogs) {
+            if (versionHolds(meter.schema, log))
+                logs << log;
+        }
 
         db.beginTransaction();
         for (const TableLayout& table : meter.schema.fileTables())

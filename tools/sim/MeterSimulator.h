@@ -31,6 +31,10 @@ public:
     /// Every data id a meter of this profile holds with `points` snapshot points.
     static QList<qint32> dataPoints(const MeterProfile& profile, int points);
 
+    /// Whether a file of this schema version can hold the log: inputs and relays from 7.9,
+    /// flicker from 8.1, system events from 8.4, EN 50160 tests from 8.6, the others always.
+    static bool versionHolds(const MeterSchema& schema, SimLog log);
+
 private:
     void writeFile(const QString& path, const QList<SimLog>& logs) const;
     void writeLogs(SimMeter& meter, const QList<SimLog>& logs) const;

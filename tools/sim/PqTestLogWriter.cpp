@@ -59,7 +59,7 @@ void PqTestLogWriter::write(const SimMeter& meter)
             row.set(QStringLiteral("bin_%1").arg(n), bins.bin(n));
         if (withNominalVoltage)
             row.set(QStringLiteral("NominalVoltage"), config.nominalVoltage);
-        row.run(*meter.db);
+        row.run(meter);
     }
 }
 

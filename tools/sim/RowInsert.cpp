@@ -13,20 +13,25 @@ RowInsert& RowInsert::set(const QString& column, const QVariant& value)
     return *this;
 }
 
-void RowInsert::run(SqliteDatabase& db) const
+void RowInsert::run(const SimMeter& meter) const
 {
+    const QStringList held = meter.schema.table(m_table).columnNames();
+    if (held.isEmpty())
+        return;
     QStringList columns;
     QStringList marks;
     QVariantList values;
     for (const auto& [column, value] : m_values) {
+        if (!held.contains(column, Qt::CaseInsensitive))
+            continue;
         columns << SqlIdentifier::quote(column);
         marks << QStringLiteral("?");
         values << value;
     }
-    db.execute(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                   .arg(SqlIdentifier::quote(m_table), columns.join(QStringLiteral(", ")),
-                        marks.join(QStringLiteral(", "))),
-               values);
+    meter.db->execute(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                          .arg(SqlIdentifier::quote(m_table), columns.join(QStringLiteral(", ")),
+                               marks.join(QStringLiteral(", "))),
+                      values);
 }
 
 void RowInsert::runPrepared(SqlStatement& insert, const TableLayout& layout) const

@@ -12,7 +12,8 @@ SimCommandLine::SimCommandLine(const QStringList& arguments)
 
 const QList<double>& SimCommandLine::schemaVersions()
 {
-    static const QList<double> versions{8.6, 8.8, 8.9, 9.0, 9.1};
+    static const QList<double> versions{7.5, 7.55, 7.6, 7.7, 7.8, 7.9, 8.0, 8.1, 8.2,
+                                        8.3, 8.4,  8.5, 8.6, 8.8, 8.9, 9.0, 9.1};
     return versions;
 }
 
@@ -32,7 +33,8 @@ QString SimCommandLine::usage()
         "  --days D                 number of days, 1 to 366 (default 3)\n"
         "  --interval-minutes M     snapshot interval, a divisor of 60 (default 5)\n"
         "  --points N               snapshot points, 1 to 50 (default 50)\n"
-        "  --schema-version V       8.6 (default), 8.8, 8.9, 9.0 or 9.1\n"
+        "  --schema-version V       8.6 (default), 8.8 to 9.1, or an older version to\n"
+        "                           upgrade: 7.5, 7.55, 7.6, 7.7, 7.8, 7.9, 8.0 to 8.5\n"
         "  --hardware-name TEXT     the meter's name (default: type name and seed)\n"
         "  --overwrite              replace existing output\n"
         "  --verbose                report each file written\n"
@@ -140,9 +142,11 @@ void SimCommandLine::parse(const QStringList& arguments)
             for (double v : schemaVersions())
                 known = known || (ok && std::abs(v - version) < 1e-6);
             if (!known) {
-                m_error = QStringLiteral("schema version \"%1\" is not written by this "
-                                         "simulator; choose 8.6, 8.8, 8.9, 9.0 or 9.1")
-                              .arg(value);
+                m_error =
+                    QStringLiteral("schema version \"%1\" is not written by this "
+                                   "simulator; choose 7.5, 7.55, 7.6, 7.7, 7.8, 7.9, 8.0 to 8.6 "
+                                   "or 8.8 to 9.1")
+                        .arg(value);
                 return;
             }
             m_options.schemaVersion = version;

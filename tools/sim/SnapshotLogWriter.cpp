@@ -43,9 +43,12 @@ public:
         m_meter.db->executeScript(values.createSql());
         m_indexInsert.emplace(m_meter.db->prepare(index.insertSql()));
         m_valueInsert.emplace(m_meter.db->prepare(values.insertSql()));
+        m_profileIndex = index.columnNames().contains(QStringLiteral("ProfileIndex"));
     }
 
     SqlStatement& indexInsert() { return *m_indexInsert; }
+    /// The hour's time index has ProfileIndex (snapshots from schema 8.3, demand always).
+    bool withProfileIndex() const { return m_profileIndex; }
     SqlStatement& valueInsert() { return *m_valueInsert; }
 
     void count(qint64 second)
@@ -71,7 +74,7 @@ public:
             row.set(QStringLiteral("Records"), m_records)
                 .set(QStringLiteral("StartDate/Time"), SimClock::text(m_first))
                 .set(QStringLiteral("EndDate/Time"), SimClock::text(m_last))
-                .run(*m_meter.db);
+                .run(m_meter);
         } else {
             --m_logTablesIndex; // a day without instants keeps no number
         }
@@ -91,6 +94,7 @@ private:
     qint64 m_first = 0;
     qint64 m_last = 0;
     std::optional<SqlStatement> m_indexInsert;
+    bool m_profileIndex = true;
     std::optional<SqlStatement> m_valueInsert;
 };
 
@@ -119,8 +123,9 @@ void SnapshotLogWriter::write(const SimMeter& meter, const IntervalLogPlan& plan
             .bind(2, SimClock::text(t))
             .bind(3, qint64(0))
             .bind(4, qint64(0))
-            .bind(5, qint64(schedule.inTestMode(t) ? plan.testTypeId : plan.typeId))
-            .bind(6, qint64(0));
+            .bind(5, qint64(schedule.inTestMode(t) ? plan.testTypeId : plan.typeId));
+        if (day.withProfileIndex())
+            index.bind(6, qint64(0));
         index.run();
         SqlStatement& values = day.valueInsert();
         for (qint32 id : plan.points) {
