@@ -49,50 +49,52 @@ QString MeterMessages::engineFailure(const QString& step, const QString& path,
 
 QString MeterMessages::cannotReadVersion()
 {
-    return QStringLiteral("Cannot read current database version") + QLatin1Char('.') +
-           QLatin1Char('\n') + QStringLiteral("Program will end. Please try again") +
+    return userText("200010", "Cannot read current database version") + QLatin1Char('.') +
+           QLatin1Char('\n') + userText("200011", "Program will end. Please try again") +
            QLatin1Char('.');
 }
 
 QString MeterMessages::invalidVersion(double version)
 {
-    return QStringLiteral("Invalid database version") + QLatin1Char(' ') + versionText(version) +
-           QLatin1Char(' ') + QLatin1Char('\n') + QStringLiteral("Program will end") +
-           QLatin1Char('.');
+    return userText("200012", "Invalid database version") + QLatin1Char(' ') +
+           versionText(version) + QLatin1Char(' ') + QLatin1Char('\n') +
+           userText("200013", "Program will end") + QLatin1Char('.');
 }
 
 QString MeterMessages::olderThan(const QString& name, double version, const QString& limit)
 {
-    return QStringLiteral("Program cannot open this database file.") + QLatin1Char('\n') + name +
-           QLatin1Char('\n') + QStringLiteral("Version") + QLatin1Char(' ') + versionText(version) +
-           QLatin1Char('\n') + QStringLiteral("is older than version ") + limit + QLatin1Char('.');
+    return userText("200014", "Program cannot open this database file.") + QLatin1Char('\n') +
+           name + QLatin1Char('\n') + userText("200015", "Version") + QLatin1Char(' ') +
+           versionText(version) + QLatin1Char('\n') + userText("200016", "is older than version ") +
+           limit + QLatin1Char('.');
 }
 
 QString MeterMessages::cannotBeUpgraded(const QString& name, double version)
 {
-    return QStringLiteral("Current database file:") + QLatin1Char('\n') + name + QLatin1Char('\n') +
-           QStringLiteral("Version") + QLatin1Char(' ') + versionText(version) + QLatin1Char('\n') +
-           QStringLiteral("cannot be upgraded.  Please start with a new file.");
+    return userText("200017", "Current database file:") + QLatin1Char('\n') + name +
+           QLatin1Char('\n') + userText("200015", "Version") + QLatin1Char(' ') +
+           versionText(version) + QLatin1Char('\n') +
+           userText("200018", "cannot be upgraded.  Please start with a new file.");
 }
 
 QString MeterMessages::newerThanSystem(double systemVersion, const QString& systemNote,
                                        double selectedVersion, const QString& selectedNote)
 {
     const QChar br = QLatin1Char('\n');
-    return QStringLiteral("The DB file you have selected is newer than your system`s DB") +
+    return userText("200019", "The DB file you have selected is newer than your system`s DB") +
            QLatin1Char('.') + br +
-           QStringLiteral("You current software will not be able to open it") + QLatin1Char('.') +
-           br + QStringLiteral("Software upgrade may be required") + QLatin1Char('.') + br +
-           QStringLiteral("System DB") + QStringLiteral(",   v") +
+           userText("200020", "You current software will not be able to open it") +
+           QLatin1Char('.') + br + userText("200021", "Software upgrade may be required") +
+           QLatin1Char('.') + br + userText("200022", "System DB") + QStringLiteral(",   v") +
            QString::number(systemVersion, 'f', 1) + QStringLiteral(", ") + systemNote + br +
-           QStringLiteral("Selected DB") + QStringLiteral(", v") +
+           userText("200023", "Selected DB") + QStringLiteral(", v") +
            QString::number(selectedVersion, 'f', 1) + QStringLiteral(", ") + selectedNote;
 }
 
 QString MeterMessages::updatingTo83()
 {
-    return QStringLiteral(
-        "Updating database to v8.3, please wait. This could take several minutes.");
+    return userText("200024",
+                    "Updating database to v8.3, please wait. This could take several minutes.");
 }
 
 QString MeterMessages::versionText(double version)
