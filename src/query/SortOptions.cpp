@@ -63,8 +63,8 @@ QList<SortItem> SortOptions::items(LogKind kind, const QStringList& dataColumns)
         break;
     case LogKind::Inputs:
         list.append({userText("304003", "Duration"), cols({"A.[Duration]"})});
-        list.append({userText("304006", "Module/Input Name"),
-                     cols({"I.[ModuleLabel]", "I.[InputLabel]"})});
+        list.append(
+            {userText("304006", "Module/Input Name"), cols({"I.[ModuleLabel]", "I.[InputLabel]"})});
         list.append({userText("304007", "Module/Input Index"),
                      cols({"A.[ModuleIndex]", "A.[InputIndex]"})});
         list.append({userText("304004", "State"), cols({"A.[Status]"})});
@@ -73,8 +73,8 @@ QList<SortItem> SortOptions::items(LogKind kind, const QStringList& dataColumns)
         list.append({userText("304008", "Trigger to Command Duration"), cols({"A.[Duration12]"})});
         list.append(
             {userText("304009", "Command to Acknowledge Duration"), cols({"A.[Duration23]"})});
-        list.append({userText("304006", "Module/Input Name"),
-                     cols({"I.[ModuleLabel]", "I.[RelayLabel]"})});
+        list.append(
+            {userText("304006", "Module/Input Name"), cols({"I.[ModuleLabel]", "I.[RelayLabel]"})});
         list.append({userText("304007", "Module/Input Index"),
                      cols({"A.[ModuleIndex]", "A.[RelayIndex]"})});
         list.append({userText("304010", "Start State"), cols({"A.[Condition0]"})});
@@ -118,19 +118,32 @@ QStringList SortOptions::directionNames()
 
 QStringList SortOptions::snapshotGroupings()
 {
-    return {userText("304014", "All Snapshots"), userText("304015", "Group By Type"),
-            userText("304016", "Log 1"),         userText("304017", "Log 2"),
-            userText("304018", "Limits"),        userText("304019", "Input"),
-            userText("304020", "Relay"),         userText("304021", "Flicker (Short)"),
-            userText("304022", "Waveform"),      userText("304023", "Power Quality"),
-            userText("304024", "Flicker (Long)"), userText("304025", "System Event"),
-            userText("304026", "Test Mode (Log 1)"), userText("304027", "Test Mode (Log 2)"),
-            userText("304028", "Log 1 Padding"), userText("304029", "Log 2 Padding"),
-            userText("304030", "Log 3"),         userText("304031", "Log 3 Padding"),
-            userText("304030", "Log 3"),         userText("304032", "Log 4"),
-            userText("304033", "Log 5"),         userText("304034", "Log 6"),
-            userText("304035", "Log 7"),         userText("304036", "Log 8"),
-            userText("304037", "Event Triggered"), userText("304038", "Transients")};
+    return {userText("304014", "All Snapshots"),
+            userText("304015", "Group By Type"),
+            userText("304016", "Log 1"),
+            userText("304017", "Log 2"),
+            userText("304018", "Limits"),
+            userText("304019", "Input"),
+            userText("304020", "Relay"),
+            userText("304021", "Flicker (Short)"),
+            userText("304022", "Waveform"),
+            userText("304023", "Power Quality"),
+            userText("304024", "Flicker (Long)"),
+            userText("304025", "System Event"),
+            userText("304026", "Test Mode (Log 1)"),
+            userText("304027", "Test Mode (Log 2)"),
+            userText("304028", "Log 1 Padding"),
+            userText("304029", "Log 2 Padding"),
+            userText("304030", "Log 3"),
+            userText("304031", "Log 3 Padding"),
+            userText("304030", "Log 3"),
+            userText("304032", "Log 4"),
+            userText("304033", "Log 5"),
+            userText("304034", "Log 6"),
+            userText("304035", "Log 7"),
+            userText("304036", "Log 8"),
+            userText("304037", "Event Triggered"),
+            userText("304038", "Transients")};
 }
 
 QString SortOptions::orderBy(LogKind kind, const SortState& state, const QStringList& dataColumns)

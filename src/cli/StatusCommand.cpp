@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "StatusCommand.h"
+
+#include "CliOutput.h"
+#include "ExitCode.h"
+#include "GridPrinter.h"
+#include "query/DatabaseStatusView.h"
+
+#include <QFileInfo>
+
+namespace lorvane::cli {
+
+int StatusCommand::run(const QStringList& arguments)
+{
+    QString format = QStringLiteral("csv");
+    QList<LogFileEntry> files;
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString& a = arguments.at(i);
+        if (a == QLatin1String("--format")) {
+            if (i + 1 >= arguments.size() || !GridPrinter::knownFormat(arguments.at(i + 1)))
+                return CliOutput::usage(QStringLiteral("--format is csv or json"));
+            format = arguments.at(++i);
+        } else if (a.startsWith(QLatin1String("--"))) {
+            return CliOutput::usage(QStringLiteral("unknown option: ") + a);
+        } else {
+            LogFileEntry entry;
+            entry.dbPath = a;
+            entry.used = true;
+            files << entry;
+        }
+    }
+    if (files.isEmpty())
+        return CliOutput::usage(QStringLiteral("status needs at least one FILE"));
+    int code = Success;
+    for (const LogFileEntry& entry : files) {
+        if (!QFileInfo::exists(entry.dbPath)) {
+            CliOutput::error(QStringLiteral("file not found: ") + entry.dbPath);
+            code = FileMissing;
+        }
+    }
+    QTextStream out(stdout);
+    const QList<GridTable> grids = DatabaseStatusView::run(files);
+    GridPrinter::print(out, grids, format);
+    return code;
+}
+
+} // namespace lorvane::cli

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FlickerView.h"
+
+#include "FlickerGrid.h"
+#include "FlickerLoader.h"
+#include "StatusView.h"
+
+namespace lorvane {
+
+ViewResult FlickerView::run(QueryContext& context)
+{
+    return StatusView::run(
+        context, LogKind::Flicker, FlickerLoader::load,
+        [](SqliteDatabase& db, const QueryNumbers& numbers, const SortState& sort) {
+            return QList<GridTable>{FlickerGrid::fill(db, numbers, sort)};
+        });
+}
+
+} // namespace lorvane

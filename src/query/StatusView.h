@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DayWalk.h"
+#include "QueryCatalog.h"
+#include "SortState.h"
+#include "ViewResult.h"
+#include "store/LogKind.h"
+
+#include <functional>
+
+namespace lorvane {
+
+class SqliteDatabase;
+struct QueryContext;
+
+/// The road the input, relay, flicker and system event views share: expand the files, create
+/// the query, run the kind's loader, fill its grids, and write the range label.
+class StatusView
+{
+public:
+    using Loader =
+        std::function<DayWalk::Result(QueryContext&, QList<LogFileEntry>&, const QueryNumbers&)>;
+    using Grids =
+        std::function<QList<GridTable>(SqliteDatabase&, const QueryNumbers&, const SortState&)>;
+
+    /// Runs one fresh query of `kind`. Throws StorageError when a statement fails and Fault
+    /// when the context's sort item is not one of the kind's.
+    static ViewResult run(QueryContext& context, LogKind kind, const Loader& load,
+                          const Grids& grids);
+    /// The sort state the context asks for: its sort item ("" for Date/Time) and direction.
+    /// Throws Fault (Other) naming an item the kind does not have.
+    static SortState sortState(const QueryContext& context, LogKind kind);
+};
+
+} // namespace lorvane

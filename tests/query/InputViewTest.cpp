@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The input view on simulated meters: the records the simulator wrote, joined with their
+// settings, found by either stamp, in every sort order.
+#include "query/InputView.h"
+
+#include "InputSimFixture.h"
+#include "query/SetupRecordViews.h"
+
+#include <QFile>
+
+using namespace lorvane;
+using namespace lorvane::test;
+
+TEST(InputView, ShowsTheSimulatedInputEventsWithTheirSettings)
+{
+    SimMeters sim;
+    QueryContext c = sim.context({sim.meter(QStringLiteral("Board"))});
+    const ViewResult view = InputView::run(c);
+    ASSERT_EQ(view.grids.size(), 2);
+    const GridTable& inputs = view.grids.at(0);
+    EXPECT_EQ(inputs.caption, QStringLiteral("Show Inputs"));
+    EXPECT_EQ(inputs.columns.size(), 16);
+    // Door and alarm reset each day, the breaker of the outage, the transfer switch.
+    EXPECT_EQ(inputs.rows.size(), 6);
+    const QStringList names = column(inputs, QStringLiteral("Input Name"));
+    EXPECT_EQ(names.count(QStringLiteral("Door Switch")), 2);
+    EXPECT_EQ(names.count(QStringLiteral("Alarm Reset")), 2);
+    const int breaker = static_cast<int>(names.indexOf(QStringLiteral("Main Breaker")));
+    ASSERT_GE(breaker, 0);
+    const QVariantMap key = inputs.rowKeys.at(breaker);
+    EXPECT_EQ(key.value(QStringLiteral("DT1")).toString(), QStringLiteral("2024-03-05 10:00:00"));
+    EXPECT_EQ(key.value(QStringLiteral("ms1")).toInt(), 120);
+    EXPECT_EQ(key.value(QStringLiteral("DT2")).toString(), QStringLiteral("2024-03-05 13:00:35"));
+    EXPECT_EQ(column(inputs, QStringLiteral("Module Name")).at(breaker),
+              QStringLiteral("Input Card 1"));
+    EXPECT_EQ(column(inputs, QStringLiteral("Device Name")).at(breaker), QStringLiteral("Board"));
+    EXPECT_TRUE(inputs.rows.at(breaker).at(0).endsWith(QStringLiteral(".120")));
+
+    // Date/Time ascending by default: the first stamps never go back.
+    for (int r = 1; r < inputs.rowKeys.size(); ++r)
+        EXPECT_LE(inputs.rowKeys.at(r - 1).value(QStringLiteral("DT1")).toString(),
+                  inputs.rowKeys.at(r).value(QStringLiteral("DT1")).toString());
+
+    // The settings grid holds the four inputs of setting 1, and the one-input view names them.
+    EXPECT_EQ(view.grids.at(1).rows.size(), 4);
+    const GridTable one =
+        SetupRecordViews::inputSetting(c.scratch->database(), view.numbers, 1, 1, 0, 0);
+    EXPECT_EQ(one.rows.at(0),
+              (QStringList{QStringLiteral("Module Name"), QStringLiteral("Input Card 1")}));
+    EXPECT_EQ(one.rows.at(1),
+              (QStringList{QStringLiteral("Input Name"), QStringLiteral("Main Breaker")}));
+    // An input without a setting row shows the heads with empty values.
+    const GridTable none =
+        SetupRecordViews::inputSetting(c.scratch->database(), view.numbers, 1, 1, 0, 9);
+    EXPECT_EQ(none.rows.at(0).at(1), QString());
+}
+
+TEST(InputView, FindsARecordByItsReturnStampAndSortsByDuration)
+{
+    SimMeters sim;
+    const QString meter = sim.meter(QStringLiteral("Board"));
+    // The transfer switch goes to Generator at 23:58:30 on day 1 and returns on day 2.
+    QueryContext late = sim.context({meter}, "2024-03-04 23:59:00", "2024-03-04 23:59:59");
+    const ViewResult crossing = InputView::run(late);
+    ASSERT_EQ(crossing.grids.at(0).rows.size(), 1);
+    EXPECT_EQ(column(crossing.grids.at(0), QStringLiteral("Input Name")).at(0),
+              QStringLiteral("Transfer Switch"));
+
+    QueryContext byDuration = sim.context({meter});
+    byDuration.sortColumn = QStringLiteral("Duration");
+    byDuration.descending = true;
+    const GridTable sorted = InputView::run(byDuration).grids.at(0);
+    const QStringList durations = column(sorted, QStringLiteral("Duration ms"));
+    ASSERT_EQ(durations.size(), 6);
+    for (int r = 1; r < durations.size(); ++r)
+        EXPECT_GE(durations.at(r - 1).toDouble(), durations.at(r).toDouble());
+    // The two alarm resets of 800 ms are last, the later one first in the reversed order.
+    EXPECT_EQ(sorted.rowKeys.at(4).value(QStringLiteral("DT1")).toString(),
+              QStringLiteral("2024-03-05 16:45:00"));
+    EXPECT_EQ(sorted.rowKeys.at(5).value(QStringLiteral("DT1")).toString(),
+              QStringLiteral("2024-03-04 16:45:00"));
+
+    QueryContext wrong = sim.context({meter});
+    wrong.sortColumn = QStringLiteral("Value");
+    EXPECT_ANY_THROW(InputView::run(wrong));
+}
+
+TEST(InputView, EmptyRangeAndVanishedMeterGiveAnEmptyGridWithHeadings)
+{
+    SimMeters sim;
+    const QString meter = sim.meter(QStringLiteral("Board"));
+    QueryContext empty = sim.context({meter}, "2023-01-01 00:00:00", "2023-01-02 00:00:00");
+    const ViewResult nothing = InputView::run(empty);
+    EXPECT_TRUE(nothing.noData);
+    EXPECT_TRUE(nothing.rangeText.startsWith(QStringLiteral("No data found: ")));
+    EXPECT_EQ(nothing.grids.at(0).columns.size(), 16);
+    EXPECT_TRUE(nothing.grids.at(0).rows.isEmpty());
+
+    QueryContext gone = sim.context({meter});
+    ASSERT_TRUE(QFile::remove(meter));
+    const ViewResult missing = InputView::run(gone);
+    EXPECT_TRUE(missing.noData);
+    EXPECT_TRUE(missing.grids.at(0).rows.isEmpty());
+}
