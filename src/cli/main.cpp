@@ -5,6 +5,8 @@
 #include "InfoCommand.h"
 #include "LabelCommand.h"
 #include "QueryCommand.h"
+#include "SetupCommand.h"
+#include "StatusCommand.h"
 #include "UpgradeCommand.h"
 
 #include <QCoreApplication>
@@ -27,6 +29,10 @@ int main(int argc, char* argv[])
         return lorvane::cli::UpgradeCommand::run(arguments);
     if (command == QLatin1String("query"))
         return lorvane::cli::QueryCommand::run(arguments);
+    if (command == QLatin1String("status"))
+        return lorvane::cli::StatusCommand::run(arguments);
+    if (command == QLatin1String("setup"))
+        return lorvane::cli::SetupCommand::run(arguments);
     if (command == QLatin1String("label"))
         return lorvane::cli::LabelCommand::run(arguments);
     return lorvane::cli::CliOutput::usage(QStringLiteral("unknown command: ") + command);
