@@ -37,7 +37,8 @@ INSERT INTO [DeviceDataLookUp_3_1] ([LookUpIndex], [DataIndex], [DataType], [Loo
            0
     FROM [DeviceProtocol_3_1];
 
--- Energy registers and the FormatID of the meter's ScaledFormats rows that format them.
+-- Energy registers and the FormatID of the meter's ScaledFormats rows that format them
+-- (FormatID 4 is the energy row: digits, unit prefix and decimals of the register).
 -- ScaleIndex is the scale class: 1 shows the unit with "k", 2 and 3 with "M".
 CREATE TABLE [DeviceScaledFormats_3_1] (
     [ScaleIndex] INTEGER,
@@ -45,9 +46,9 @@ CREATE TABLE [DeviceScaledFormats_3_1] (
     [FormatID] INTEGER
 );
 INSERT INTO [DeviceScaledFormats_3_1] ([ScaleIndex], [DataIndex], [FormatID]) VALUES
-    (1, 20825, 1),
-    (1, 20826, 2),
-    (1, 26003, 1),
-    (1, 26004, 1),
-    (1, 26005, 2),
-    (1, 26006, 3);
+    (1, 20825, 4),
+    (1, 20826, 4),
+    (1, 26003, 4),
+    (1, 26004, 4),
+    (1, 26005, 4),
+    (1, 26006, 4);
