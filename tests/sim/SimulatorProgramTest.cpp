@@ -394,7 +394,7 @@ TEST(SimulatorProgram, BadArgumentsAreRefusedWithAMessage)
         {},
         {QStringLiteral("--out")},
         {QStringLiteral("--out"), out, QStringLiteral("--kind"), QStringLiteral("giant")},
-        {QStringLiteral("--out"), out, QStringLiteral("--schema-version"), QStringLiteral("8.5")},
+        {QStringLiteral("--out"), out, QStringLiteral("--schema-version"), QStringLiteral("8.7")},
         {QStringLiteral("--out"), out, QStringLiteral("--schema-version"), QStringLiteral("nine")},
         {QStringLiteral("--out"), out, QStringLiteral("--days"), QStringLiteral("0")},
         {QStringLiteral("--out"), out, QStringLiteral("--interval-minutes"), QStringLiteral("7")},
@@ -413,9 +413,10 @@ TEST(SimulatorProgram, BadArgumentsAreRefusedWithAMessage)
         EXPECT_FALSE(QFileInfo::exists(out));
     }
     EXPECT_TRUE(runProgram(QStringLiteral("lorvane-sim"),
-                           {QStringLiteral("--schema-version"), QStringLiteral("7.9"),
+                           {QStringLiteral("--schema-version"), QStringLiteral("7.4"),
                             QStringLiteral("--out"), out})
-                    .err.contains(QStringLiteral("8.6, 8.8, 8.9, 9.0 or 9.1")));
+                    .err.contains(QStringLiteral("7.5, 7.55, 7.6, 7.7, 7.8, 7.9, 8.0 to 8.6 or "
+                                                 "8.8 to 9.1")));
 
     // An existing file is kept unless --overwrite is given.
     QFile keep(out);
