@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "query/SnapshotView.h"
+
+#include "platform/SqlIdentifier.h"
+#include "query/QueryContext.h"
+#include "query/ValueFormat.h"
+#include "query/ViewRegistry.h"
+#include "store/MeterSchema.h"
+#include "store/TempQueryDatabase.h"
+#include "support/MeterFileBuilder.h"
+#include "support/TestEnvironment.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace lorvane;
+using lorvane::test::MeterFileBuilder;
+
+namespace {
+
+struct Instant
+{
+    const char* time; // YYYY-MM-DD HH:MM:SS
+    int mode;
+    QList<std::pair<qint64, double>> values;
+};
+
+/// A meter with snapshot instants in its hour tables, all on one day (`LogTablesIndex` 1).
+/// Instants are numbered in the order given, as the meter counts them.
+QString snapshotMeter(const QTemporaryDir& dir, const QString& name, const QList<Instant>& list)
+{
+    const QString path = dir.filePath(name);
+    MeterFileBuilder file(path);
+    file.device(3, QStringLiteral("Halyx 3"), name);
+    const MeterSchema schema;
+    QSet<int> hours;
+    qint64 index = 0;
+    const QString day = QString::fromLatin1(list.first().time).left(10);
+    for (const Instant& i : list) {
+        const QString time = QString::fromLatin1(i.time);
+        const int hour = time.mid(11, 2).toInt();
+        const TableLayout ti = schema.hourTimeIndexTable(LogKind::Snapshots, 1, hour);
+        const TableLayout values = schema.hourValueTable(LogKind::Snapshots, 1, hour);
+        if (!hours.contains(hour)) {
+            hours.insert(hour);
+            file.db().executeScript(ti.createSql());
+            file.db().executeScript(values.createSql());
+        }
+        ++index;
+        file.sql(QStringLiteral("INSERT INTO %1 ([Date/TimeIndex], [Date/Time], ms, DTmode, "
+                                "TypeID, ProfileIndex) VALUES (?, ?, 0, ?, 2, 0)")
+                     .arg(SqlIdentifier::quote(ti.name())),
+                 {index, time, i.mode});
+        for (const auto& [id, value] : i.values)
+            file.sql(QStringLiteral("INSERT INTO %1 ([Date/TimeIndex], DataID, Value) VALUES "
+                                    "(?, ?, ?)")
+                         .arg(SqlIdentifier::quote(values.name())),
+                     {index, id, value});
+    }
+    QString columns = QStringLiteral("[Date/Time], LogTablesIndex, Records");
+    QString marks = QStringLiteral("?, 1, ?");
+    QVariantList bound{day + QStringLiteral(" 00:00:00"), index};
+    for (int h : hours) {
+        columns += QStringLiteral(", Hour_%1, Recs_%1").arg(h);
+        marks += QStringLiteral(", -1, 1");
+    }
+    file.sql(QStringLiteral("INSERT INTO AllHistoricalLogs (%1) VALUES (%2)").arg(columns, marks),
+             bound);
+    file.close();
+    return path;
+}
+
+QDateTime at(const char* text)
+{
+    return QDateTime::fromString(QString::fromLatin1(text), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
+
+LogFileEntry entry(const QString& path, const QString& name, int index)
+{
+    LogFileEntry e;
+    e.dbPath = path;
+    e.hardwareName = name;
+    e.used = true;
+    e.deviceTypeId = 3;
+    e.deviceIndex = index;
+    return e;
+}
+
+struct Fixture
+{
+    QTemporaryDir dir;
+    std::unique_ptr<TempQueryDatabase> scratch;
+    QueryContext context;
+    Fixture()
+    {
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+        QDir(dir.path()).mkpath(QStringLiteral("scratch"));
+        scratch =
+            TempQueryDatabase::create(QDir(lorvane::test::dataFolder())
+                                          .filePath(QStringLiteral("Resource/LorvaneTempQuery.DB")),
+                                      dir.filePath(QStringLiteral("scratch")), 4343);
+        context.scratch = scratch.get();
+        context.dataFormat = QStringLiteral("0.00");
+    }
+    void range(const char* from, const char* to)
+    {
+        context.start = at(from);
+        context.end = at(to);
+    }
+};
+
+QStringList column(const GridTable& grid, int c)
+{
+    QStringList out;
+    for (const QStringList& row : grid.rows)
+        out << row.at(c);
+    return out;
+}
+
+} // namespace
+
+TEST(ValueFormat, PatternsScaledFormatsAndPowerFactorBands)
+{
+    const QLocale c = QLocale(QLocale::English, QLocale::UnitedStates);
+    EXPECT_EQ(ValueFormat::settingsPattern(QStringLiteral("0.00")), QStringLiteral("#,##0.00"));
+    EXPECT_EQ(ValueFormat::text(1234567.456, QStringLiteral("#,##0.00"), c),
+              QStringLiteral("1,234,567.46"));
+    EXPECT_EQ(ValueFormat::text(-0.004, QStringLiteral("#,##0.00"), c), QStringLiteral("0.00"));
+    EXPECT_EQ(ValueFormat::text(0.5, QStringLiteral("#,##.00"), c), QStringLiteral(".50"));
+    EXPECT_EQ(ValueFormat::text(-999.5, QStringLiteral("#,##0"), c), QStringLiteral("-1,000"));
+    EXPECT_EQ(ValueFormat::text(12.5, QStringLiteral("#,##0.0#"), c), QStringLiteral("12.5"));
+    EXPECT_EQ(ValueFormat::scaledPattern(0), QStringLiteral("#,##0"));
+    EXPECT_EQ(ValueFormat::scaledPattern(7), QStringLiteral("#,##0.0000000"));
+    EXPECT_EQ(ValueFormat::scaledPattern(9), QStringLiteral("#,##0.0000000"));
+    EXPECT_EQ(ValueFormat::text(250131.123456, ValueFormat::scaledPattern(3), c),
+              QStringLiteral("250,131.123"));
+
+    const QString plain = QStringLiteral("#,##0.00");
+    EXPECT_EQ(ValueFormat::powerFactorText(0.85, plain, c), QStringLiteral("LAG 0.850"));
+    EXPECT_EQ(ValueFormat::powerFactorText(1.15, plain, c), QStringLiteral("LEAD 0.850"));
+    EXPECT_EQ(ValueFormat::powerFactorText(2.3, plain, c), QStringLiteral("LEAD -0.300"));
+    EXPECT_EQ(ValueFormat::powerFactorText(3.75, plain, c), QStringLiteral("LAG -0.250"));
+    EXPECT_EQ(ValueFormat::powerFactorText(11.15, plain, c), QStringLiteral("LEAD 0.850"));
+    EXPECT_EQ(ValueFormat::powerFactorText(1.0, plain, c), QStringLiteral("1.000"));
+    EXPECT_EQ(ValueFormat::powerFactorText(0.0, plain, c), QStringLiteral("0.000"));
+    EXPECT_EQ(ValueFormat::powerFactorText(25.0, plain, c), QStringLiteral("25.00"));
+    EXPECT_EQ(ValueFormat::nullText(), QStringLiteral("----"));
+}
+
+TEST(SnapshotView, DoubledHourShowsEachInstantOnceInTheModeBeingRead)
+{
+    Fixture f;
+    const QString path = snapshotMeter(f.dir, QStringLiteral("A.DB"),
+                                       {{"2024-11-03 00:30:00", 1, {{20617, 120.0}}},
+                                        {"2024-11-03 01:00:00", 1, {{20617, 121.0}}},
+                                        {"2024-11-03 01:30:00", 1, {{20617, 122.0}}},
+                                        {"2024-11-03 01:00:00", 0, {{20617, 901.0}}},
+                                        {"2024-11-03 01:30:00", 0, {{20617, 902.0}}},
+                                        {"2024-11-03 02:00:00", 0, {{20617, 123.0}}}});
+    f.context.files = {entry(path, QStringLiteral("A"), 0)};
+    f.range("2024-11-03 00:00:00", "2024-11-03 23:59:59");
+    SnapshotView view(f.context, 3);
+    const ViewResult result = view.load();
+    ASSERT_EQ(result.grids.size(), 1);
+    const GridTable& grid = result.grids.first();
+    EXPECT_EQ(grid.caption, QStringLiteral("Show Snapshots"));
+    EXPECT_EQ(column(grid, 4), (QStringList{"120.00", "121.00", "122.00", "123.00"}));
+    EXPECT_EQ(column(grid, 1), (QStringList{"1", "1", "1", "0"}));
+
+    // Read backwards, the standard-time readings are the ones being read.
+    f.context.descending = true;
+    f.range("2024-11-03 23:59:59", "2024-11-03 00:00:00");
+    SnapshotView back(f.context, 3);
+    EXPECT_EQ(column(back.load().grids.first(), 4),
+              (QStringList{"123.00", "902.00", "901.00", "120.00"}));
+}
+
+TEST(SnapshotView, TwoMetersShareLinesAndColumnsFollowThePivotOrder)
+{
+    Fixture f;
+    const QString a =
+        snapshotMeter(f.dir, QStringLiteral("A.DB"),
+                      {{"2024-03-04 10:00:00", 0, {{21017, 5.0}, {20617, 120.0}, {20617, 999.0}}},
+                       {"2024-03-04 10:15:00", 0, {{21017, 6.0}, {20617, 121.0}}}});
+    const QString b =
+        snapshotMeter(f.dir, QStringLiteral("B.DB"), {{"2024-03-04 10:00:00", 0, {{21401, 0.95}}}});
+    f.context.files = {entry(a, QStringLiteral("Meter A"), 0),
+                       entry(b, QStringLiteral("Meter B"), 1)};
+    f.context.files[1].deviceTypeId = 6;
+    f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
+    const GridTable grid = SnapshotView(f.context, 3).load().grids.first();
+    EXPECT_EQ(grid.columns, (QStringList{"Date/Time", "DTmode", "Record Type", "Profile Index",
+                                         "1_20617", "1_21017", "2_21401"}));
+    ASSERT_EQ(grid.headingRows.size(), 2);
+    EXPECT_EQ(grid.headingRows[0].mid(3), (QStringList{"", "1/3/20617", "1/3/21017", "2/6/21401"}));
+    EXPECT_TRUE(grid.headingRows[1].at(6).endsWith(QStringLiteral(" - Meter B")));
+    ASSERT_EQ(grid.rows.size(), 2);
+    // The first value of a key at an instant wins; a meter without the instant shows "----".
+    EXPECT_EQ(grid.rows[0].mid(1), (QStringList{"0", "2", "0", "120.00", "5.00", "0.95"}));
+    EXPECT_EQ(grid.rows[1].mid(4), (QStringList{"121.00", "6.00", "----"}));
+    EXPECT_TRUE(grid.rows[0].at(0).endsWith(QStringLiteral(".000")))
+        << grid.rows[0].at(0).toStdString();
+
+    // Sorted by a value column, descending.
+    f.context.sortColumn = QStringLiteral("1_20617");
+    f.context.descending = true;
+    f.range("2024-03-04 23:59:59", "2024-03-04 00:00:00");
+    EXPECT_EQ(column(SnapshotView(f.context, 3).load().grids.first(), 4),
+              (QStringList{"121.00", "120.00"}));
+}
+
+TEST(SnapshotView, PagesAtTheBudgetGoOnFromTheReachedTimeAndRereadNoMeterFile)
+{
+    Fixture f;
+    QList<Instant> instants;
+    const char* times[] = {"2024-03-04 10:00:00", "2024-03-04 10:15:00", "2024-03-04 11:00:00",
+                           "2024-03-04 11:15:00"};
+    double v = 1.0;
+    for (const char* t : times) {
+        instants.append({t, 0, {{20617, v}, {20621, v + 0.1}, {20625, v + 0.2}}});
+        v += 1.0;
+    }
+    const QString path = snapshotMeter(f.dir, QStringLiteral("A.DB"), instants);
+    f.context.files = {entry(path, QStringLiteral("A"), 0)};
+    f.context.tempLogRecSize = 7; // two whole instants and a third cut short
+    f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
+    SnapshotView view(f.context, 3);
+    const ViewResult first = view.load();
+    EXPECT_EQ(column(first.grids.first(), 4), (QStringList{"1.00", "2.00"}));
+    EXPECT_FALSE(first.allRead);
+    EXPECT_EQ(view.step(-1).page, 1); // &Up on page 1 does nothing
+
+    const ViewResult second = view.step(1);
+    EXPECT_EQ(second.page, 2);
+    EXPECT_EQ(column(second.grids.first(), 4), (QStringList{"3.00", "4.00"}));
+    EXPECT_EQ(second.rowsRead, 6);
+
+    // Past the last slice with nothing left: the last page stays and all is read.
+    const ViewResult third = view.step(1);
+    EXPECT_EQ(third.page, 2);
+    EXPECT_EQ(third.pages, 2);
+    EXPECT_TRUE(third.allRead);
+    EXPECT_FALSE(view.pager().canDown());
+
+    // Pages read already come from their tables: the meter file is gone now.
+    ASSERT_TRUE(QFile::rename(path, path + QStringLiteral(".away")));
+    const ViewResult back = view.step(-1);
+    EXPECT_EQ(back.page, 1);
+    EXPECT_EQ(back.grids.first().rows, first.grids.first().rows);
+    EXPECT_EQ(view.show().grids.first().rows, first.grids.first().rows);
+
+    // The registry's form reads to the last page.
+    ASSERT_TRUE(QFile::rename(path + QStringLiteral(".away"), path));
+    const QList<ViewResult> all = ViewRegistry::instance()
+                                      .find(QStringLiteral("snapshots"))
+                                      ->run(f.context, ViewRequest{1, true});
+    ASSERT_EQ(all.size(), 2);
+    EXPECT_EQ(all[1].grids.first().rows, second.grids.first().rows);
+}
+
+TEST(SnapshotView, EmptyRangesAndPointsTheMeterLacksShowNoData)
+{
+    Fixture f;
+    const QString path =
+        snapshotMeter(f.dir, QStringLiteral("A.DB"), {{"2024-03-04 10:00:00", 0, {{20617, 1.0}}}});
+    f.context.files = {entry(path, QStringLiteral("A"), 0)};
+    f.range("2024-05-01 00:00:00", "2024-05-02 23:59:59");
+    const ViewResult empty = SnapshotView(f.context, 3).load();
+    EXPECT_TRUE(empty.noData);
+    EXPECT_TRUE(empty.rangeText.startsWith(QStringLiteral("No data found: ")));
+    EXPECT_EQ(empty.grids.first().columns.size(), 4);
+    EXPECT_TRUE(empty.grids.first().rows.isEmpty());
+
+    f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
+    f.context.dataIds = {99999};
+    const ViewResult missing = SnapshotView(f.context, 3).load();
+    EXPECT_TRUE(missing.noData);
+    EXPECT_TRUE(missing.grids.first().rows.isEmpty());
+    f.context.dataIds = {20617, 99999};
+    EXPECT_EQ(SnapshotView(f.context, 3).load().grids.first().columns.size(), 5);
+}
