@@ -144,12 +144,9 @@ QString DateTimeText::statementText(const QDateTime& clock) const
 {
     if (!clock.isValid())
         return {};
-    // The marker goes in as quoted literal text so that the locale's own AM/PM words never
-    // replace it.
-    const QString marker =
-        clock.time().hour() < 12 ? QStringLiteral("'AM'") : QStringLiteral("'PM'");
-    const QString time = withMarker(tokenize(m_time), marker);
-    return m_locale.toString(clock, m_shortDate + u' ' + time);
+    // The time goes through the C locale, whose markers are "AM" and "PM": the marker must stay
+    // a marker (a literal in its place would turn a 12-hour "h" into a 24-hour one).
+    return m_locale.toString(clock, m_shortDate) + u' ' + QLocale::c().toString(clock, m_time);
 }
 
 QString DateTimeText::shortDateTime(const QDateTime& clock, bool withTime)

@@ -46,8 +46,8 @@ public:
 
     /// A clock time in `dateTimeFormat`, in the locale; empty for an invalid time.
     QString dateTimeText(const QDateTime& clock) const;
-    /// A clock time in `statementDateTimeFormat`: the marker is "AM" or "PM"; empty for an
-    /// invalid time.
+    /// A clock time in `statementDateTimeFormat`: the date in the locale, the time with the
+    /// marker "AM" or "PM" (and the C locale's digits); empty for an invalid time.
     QString statementText(const QDateTime& clock) const;
 
     /// Month "/" day "/" year without leading zeros ("3/1/2024"); with `withTime` a blank and
