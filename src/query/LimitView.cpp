@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "LimitView.h"
+
+#include "DayRowsCopy.h"
+#include "LimitGrid.h"
+#include "LimitLoader.h"
+#include "LogFileList.h"
+#include "QueryContext.h"
+#include "ScaledFormatsLoader.h"
+#include "store/TempQueryDatabase.h"
+
+namespace lorvane {
+
+ViewResult LimitView::run(QueryContext& context)
+{
+    constexpr int kind = static_cast<int>(LogKind::Limits);
+    QList<LogFileEntry> files = LogFileList::expand(context.files, kind);
+    SqliteDatabase& db = context.scratch->database();
+    ViewResult result;
+    result.logKind = kind;
+    result.numbers =
+        QueryCatalog(*context.scratch).createQuery(context.start, context.end, kind, files);
+    const DayWalk::Result walk = LimitLoader::load(context, files, result.numbers);
+    LimitLoader::fillTagNames(context, result.numbers);
+    ScaledFormatsLoader::load(db, files, result.numbers);
+    result.grids << LimitGrid::fill(db, result.numbers, context.descending, context.sortColumn,
+                                    context.dataFormat);
+    DayRowsCopy::describe(walk, context, result);
+    return result;
+}
+
+} // namespace lorvane

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ViewResult.h"
+
+namespace lorvane {
+
+struct QueryContext;
+
+/// The limit view (log kind 5): the limit records of the selection with their data point names, and
+/// the meters' scaled formats.
+class LimitView
+{
+public:
+    static constexpr const char* name = "limits";
+
+    /// Creates the query in `context.scratch`, loads the selection's range from the meter
+    /// files and fills the grids. An empty range gives empty grids with their headings and the
+    /// "No data found" range text. Throws StorageError when a statement fails, Fault for a sort
+    /// item or type filter the view does not know.
+    static ViewResult run(QueryContext& context);
+};
+
+} // namespace lorvane

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WaveformView.h"
+
+#include "DayRowsCopy.h"
+#include "FullScalesLoader.h"
+#include "LogFileList.h"
+#include "QueryContext.h"
+#include "WaveformGrid.h"
+#include "WaveformLoader.h"
+#include "WaveformSettings.h"
+#include "store/TempQueryDatabase.h"
+
+namespace lorvane {
+
+ViewResult WaveformView::run(QueryContext& context)
+{
+    constexpr int kind = static_cast<int>(LogKind::Waveform);
+    QList<LogFileEntry> files = LogFileList::expand(context.files, kind);
+    SqliteDatabase& db = context.scratch->database();
+    ViewResult result;
+    result.logKind = kind;
+    result.numbers =
+        QueryCatalog(*context.scratch).createQuery(context.start, context.end, kind, files);
+    const DayWalk::Result walk = WaveformLoader::load(context, files, result.numbers);
+    result.grids << WaveformGrid::fill(db, result.numbers, context.descending, context.typeFilter,
+                                       context.dataFormat);
+    const QStringList logs{result.numbers.sliceTable(QStringLiteral("WaveformLog_"))};
+    WaveformSettings::load(db, files, result.numbers, logs);
+    FullScalesLoader::load(db, files, result.numbers, logs);
+    DayRowsCopy::describe(walk, context, result);
+    return result;
+}
+
+} // namespace lorvane
