@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ViewRegistry.h"
 
+#include "LimitView.h"
+#include "PqView.h"
 #include "QueryContext.h"
 #include "SnapshotView.h"
+#include "WaveformView.h"
 
 namespace lorvane {
 
@@ -15,6 +18,12 @@ ViewRegistry::ViewRegistry()
          [](QueryContext& c, const ViewRequest& r) { return SnapshotView::run(c, r, 3); }},
         {QStringLiteral("demand"), 4, QStringLiteral("energy and demand values"),
          [](QueryContext& c, const ViewRequest& r) { return SnapshotView::run(c, r, 4); }},
+        {QStringLiteral("limits"), 5, QStringLiteral("limit records with their data points"),
+         singlePage(&LimitView::run)},
+        {QStringLiteral("waveform"), 9, QStringLiteral("waveform and transient capture rows"),
+         singlePage(&WaveformView::run)},
+        {QStringLiteral("pq"), 10, QStringLiteral("power quality records and their captures"),
+         singlePage(&PqView::run)},
     };
 }
 
