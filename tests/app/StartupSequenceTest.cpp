@@ -58,6 +58,12 @@ TEST(StartupSequence, RunsItsStepsInOrderOnATemporaryInstallation)
         EXPECT_EQ(context.commandLine, "  ");
         EXPECT_TRUE(context.twelveFixedPoints[0].dataId == 20617 &&
                     context.sixFixedPoints[5].dataId == 27406);
+        // Fixed points are named once at start; the look-up tables are in memory, and the
+        // one this dictionary lacks stays empty without stopping start-up.
+        EXPECT_EQ(context.twelveFixedPoints[0].label, "Voltage Van");
+        EXPECT_EQ(context.sixFixedPoints[5].label, "N/A 27406");
+        EXPECT_EQ(context.deviceScaledFormats.entries().size(), 1u);
+        EXPECT_TRUE(context.deviceDataLookUp.isEmpty());
     };
 
     RunContext context;

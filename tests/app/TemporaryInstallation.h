@@ -94,7 +94,16 @@ private:
         }
         db.executeScript(QStringLiteral("CREATE TABLE Devices (ID INTEGER, DeviceName TEXT);"
                                         "INSERT INTO Devices VALUES (5, 'Split Log Meter');"
-                                        "INSERT INTO Devices VALUES (2, 'Panel Meter');"));
+                                        "INSERT INTO Devices VALUES (2, 'Panel Meter');"
+                                        "CREATE TABLE Types (ID INTEGER, ReferenceID INTEGER, "
+                                        "Name TEXT);"
+                                        "INSERT INTO Types VALUES (103, 103, 'Voltage');"
+                                        "CREATE TABLE Type_103 (ID INTEGER, Name TEXT);"
+                                        "INSERT INTO Type_103 VALUES (17, 'Van');"
+                                        "CREATE TABLE DeviceScaledFormats_3_1 (ScaleIndex "
+                                        "INTEGER, DataIndex INTEGER, FormatID INTEGER);"
+                                        "INSERT INTO DeviceScaledFormats_3_1 VALUES (1, 26003, "
+                                        "4);"));
     }
 
     QTemporaryDir m_root;
