@@ -25,8 +25,9 @@ TEST(FlickerView, FourBlocksADayAndEveryMaximumAtLeastItsMinimum)
             const QStringList max = column(grid, QStringLiteral("Max") + suffix);
             const QStringList min = column(grid, QStringLiteral("Min") + suffix);
             for (int r = 0; r < grid.rows.size(); ++r) {
-                if (!max.at(r).isEmpty() && !min.at(r).isEmpty())
+                if (!max.at(r).isEmpty() && !min.at(r).isEmpty()) {
                     EXPECT_GE(max.at(r).toDouble(), min.at(r).toDouble()) << r;
+                }
             }
         }
     }

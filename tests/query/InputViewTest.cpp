@@ -59,8 +59,9 @@ TEST(InputView, FindsARecordByItsReturnStampAndSortsByDuration)
 {
     SimMeters sim;
     const QString meter = sim.meter(QStringLiteral("Board"));
-    // The transfer switch goes to Generator at 23:58:30 on day 1 and returns on day 2.
-    QueryContext late = sim.context({meter}, "2024-03-04 23:59:00", "2024-03-04 23:59:59");
+    // The transfer switch goes to Generator at 23:58:30 on day 1 and returns at 00:03:30 on
+    // day 2: filed under day 1, it is found by its return alone.
+    QueryContext late = sim.context({meter}, "2024-03-04 23:59:00", "2024-03-05 00:10:00");
     const ViewResult crossing = InputView::run(late);
     ASSERT_EQ(crossing.grids.at(0).rows.size(), 1);
     EXPECT_EQ(column(crossing.grids.at(0), QStringLiteral("Input Name")).at(0),
