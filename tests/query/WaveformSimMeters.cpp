@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WaveformSimMeters.h"
+
+#include "query/SplitLogMeter.h"
+#include "support/TestEnvironment.h"
+
+#include <QDir>
+#include <gtest/gtest.h>
+
+namespace lorvane::test {
+
+namespace {
+
+const QTemporaryDir& meterFolder()
+{
+    static const QTemporaryDir folder;
+    static const bool written = [] {
+        const QStringList common{QStringLiteral("--days"),
+                                 QStringLiteral("2"),
+                                 QStringLiteral("--interval-minutes"),
+                                 QStringLiteral("15"),
+                                 QStringLiteral("--points"),
+                                 QStringLiteral("12"),
+                                 QStringLiteral("--schema-version"),
+                                 QStringLiteral("9.0")};
+        const QList<QStringList> runs{
+            {QStringLiteral("--kind"), QStringLiteral("standard"), QStringLiteral("--out"),
+             folder.filePath(QStringLiteral("Standard.DB")), QStringLiteral("--hardware-name"),
+             QStringLiteral("Main Switchboard")},
+            {QStringLiteral("--kind"), QStringLiteral("talmo"), QStringLiteral("--seed"),
+             QStringLiteral("2"), QStringLiteral("--out"),
+             folder.filePath(QStringLiteral("Talmo.DB")), QStringLiteral("--hardware-name"),
+             QStringLiteral("Chiller Plant")},
+            {QStringLiteral("--kind"), QStringLiteral("split"), QStringLiteral("--seed"),
+             QStringLiteral("3"), QStringLiteral("--out"),
+             folder.filePath(QStringLiteral("Feeder15")), QStringLiteral("--hardware-name"),
+             QStringLiteral("Feeder 15")}};
+        for (const QStringList& run : runs) {
+            const ProcessResult result = runProgram(QStringLiteral("lorvane-sim"), run + common);
+            if (result.exitCode != 0) {
+                ADD_FAILURE() << "lorvane-sim failed: " << result.err.toStdString();
+                return false;
+            }
+        }
+        return true;
+    }();
+    (void)written;
+    return folder;
+}
+
+LogFileEntry entry(const QString& path, qint32 type, const QString& name)
+{
+    LogFileEntry e;
+    e.dbPath = path;
+    e.deviceTypeId = type;
+    e.hardwareName = name;
+    e.used = true;
+    return e;
+}
+
+} // namespace
+
+WaveformSimMeters::WaveformSimMeters()
+{
+    QDir(m_dir.path()).mkpath(QStringLiteral("scratch"));
+    m_scratch = TempQueryDatabase::create(
+        QDir(dataFolder()).filePath(QStringLiteral("Resource/LorvaneTempQuery.DB")),
+        m_dir.filePath(QStringLiteral("scratch")), 4343);
+}
+
+LogFileEntry WaveformSimMeters::standard()
+{
+    return entry(meterFolder().filePath(QStringLiteral("Standard.DB")), 3,
+                 QStringLiteral("Main Switchboard"));
+}
+
+LogFileEntry WaveformSimMeters::talmo()
+{
+    return entry(meterFolder().filePath(QStringLiteral("Talmo.DB")), 0,
+                 QStringLiteral("Chiller Plant"));
+}
+
+LogFileEntry WaveformSimMeters::split()
+{
+    return entry(SplitLogMeter::systemEventPath(
+                     meterFolder().filePath(QStringLiteral("Feeder15/Feeder15.dml"))),
+                 SplitLogMeter::deviceTypeId, QStringLiteral("Feeder 15"));
+}
+
+QString WaveformSimMeters::splitLog(const QString& logName)
+{
+    return meterFolder().filePath(QStringLiteral("Feeder15/logs/%1/%1.db").arg(logName));
+}
+
+QDateTime WaveformSimMeters::at(const char* text)
+{
+    return QDateTime::fromString(QString::fromLatin1(text), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
+
+QueryContext WaveformSimMeters::context(const QList<LogFileEntry>& files, const char* start,
+                                        const char* end)
+{
+    QueryContext context;
+    context.scratch = m_scratch.get();
+    context.files = files;
+    context.start = at(start);
+    context.end = at(end);
+    return context;
+}
+
+} // namespace lorvane::test
