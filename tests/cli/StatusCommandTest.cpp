@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// lorvane-cli status on simulated meters: one grid per file with what the simulator wrote, and
+// a clear grid for a file that is not there.
+#include "support/TestEnvironment.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using lorvane::test::runProgram;
+
+namespace {
+
+QString simulate(const QTemporaryDir& dir, const QString& name, int seed)
+{
+    const QString out = dir.filePath(name);
+    const auto result = runProgram(
+        QStringLiteral("lorvane-sim"),
+        {QStringLiteral("--out"), out, QStringLiteral("--days"), QStringLiteral("2"),
+         QStringLiteral("--interval-minutes"), QStringLiteral("15"), QStringLiteral("--points"),
+         QStringLiteral("12"), QStringLiteral("--seed"), QString::number(seed)});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    return out;
+}
+
+QString cell(const QJsonObject& grid, const QString& label, int column = 1)
+{
+    for (const QJsonValue& row : grid.value(QStringLiteral("rows")).toArray()) {
+        if (row.toArray().at(0).toString() == label)
+            return row.toArray().at(column).toString();
+    }
+    return QStringLiteral("<missing>");
+}
+
+} // namespace
+
+TEST(CliStatus, OneGridPerFileWithTheSimulatedContents)
+{
+    QTemporaryDir dir;
+    const QString a = simulate(dir, QStringLiteral("a.DB"), 1);
+    const QString b = simulate(dir, QStringLiteral("b.DB"), 2);
+    const auto result = runProgram(
+        QStringLiteral("lorvane-cli"),
+        {QStringLiteral("status"), a, b, QStringLiteral("--format"), QStringLiteral("json")});
+    ASSERT_EQ(result.exitCode, 0) << result.err.toStdString();
+    const QJsonArray grids = QJsonDocument::fromJson(result.out.toUtf8()).array();
+    ASSERT_EQ(grids.size(), 2);
+    const QJsonObject first = grids.at(0).toObject();
+    EXPECT_EQ(first.value(QStringLiteral("caption")).toString(),
+              QStringLiteral("Data File Information"));
+    EXPECT_EQ(cell(first, QStringLiteral("Device #")), QStringLiteral("1"));
+    EXPECT_EQ(cell(first, QStringLiteral("Device ID")), QStringLiteral("HX3-000001"));
+    EXPECT_EQ(cell(grids.at(1).toObject(), QStringLiteral("Device ID")),
+              QStringLiteral("HX3-000002"));
+    EXPECT_EQ(cell(first, QStringLiteral("Database file version")), QStringLiteral("8.6"));
+    // Two days of inputs: door and alarm each day, the breaker and the transfer switch.
+    EXPECT_EQ(cell(first, QStringLiteral("Status Change (Inputs)"), 3), QStringLiteral("2"));
+    EXPECT_EQ(cell(first, QStringLiteral("Status Change (Inputs)"), 4), QStringLiteral("6"));
+    EXPECT_EQ(cell(first, QStringLiteral("Flicker"), 4), QStringLiteral("8"));
+
+    const auto missing =
+        runProgram(QStringLiteral("lorvane-cli"),
+                   {QStringLiteral("status"), dir.filePath(QStringLiteral("none.DB"))});
+    EXPECT_EQ(missing.exitCode, 2);
+    EXPECT_TRUE(missing.out.contains(QStringLiteral("Cannot display information.")));
+    EXPECT_EQ(runProgram(QStringLiteral("lorvane-cli"), {QStringLiteral("status")}).exitCode, 1);
+}
