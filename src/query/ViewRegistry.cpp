@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ViewRegistry.h"
 
+#include "FlickerView.h"
+#include "InputView.h"
 #include "LimitView.h"
 #include "PqView.h"
 #include "QueryContext.h"
+#include "RelayView.h"
 #include "SnapshotView.h"
+#include "SystemEventView.h"
 #include "WaveformView.h"
 
 namespace lorvane {
@@ -20,10 +24,18 @@ ViewRegistry::ViewRegistry()
          [](QueryContext& c, const ViewRequest& r) { return SnapshotView::run(c, r, 4); }},
         {QStringLiteral("limits"), 5, QStringLiteral("limit records with their data points"),
          singlePage(&LimitView::run)},
+        {QStringLiteral("inputs"), 6, QStringLiteral("input state changes with their settings"),
+         singlePage(&InputView::run)},
+        {QStringLiteral("relays"), 7, QStringLiteral("relay trips with their settings"),
+         singlePage(&RelayView::run)},
+        {QStringLiteral("flicker"), 8, QStringLiteral("flicker maximum and minimum records"),
+         singlePage(&FlickerView::run)},
         {QStringLiteral("waveform"), 9, QStringLiteral("waveform and transient capture rows"),
          singlePage(&WaveformView::run)},
         {QStringLiteral("pq"), 10, QStringLiteral("power quality records and their captures"),
          singlePage(&PqView::run)},
+        {QStringLiteral("events"), 11, QStringLiteral("system events of the meter"),
+         singlePage(&SystemEventView::run)},
     };
 }
 
