@@ -135,13 +135,15 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
             keys.insert(devData(select.integer(0), select.integer(1)),
                         {select.integer(0), select.integer(1)});
     }
-    QHash<QString, int> columnOf;
+    // Columns by device and data id as one number: the read below looks one up per value.
+    const auto columnKey = [](qint64 device, qint64 dataId) { return (device << 32) ^ dataId; };
+    QHash<qint64, int> columnOf;
     QStringList firstHeading{userText("402007", "Device Index/Type/Data ID"), QString(), QString(),
                              QString()};
     QStringList secondHeading{QString(), QString(), QString(), QString()};
     for (auto key = keys.constBegin(); key != keys.constEnd(); ++key) {
         const auto [device, dataId] = key.value();
-        columnOf.insert(key.key(), int(grid.columns.size()));
+        columnOf.insert(columnKey(device, dataId), int(grid.columns.size()));
         grid.columns << key.key();
         const auto meter = devices.value(device);
         firstHeading << QStringLiteral("%1/%2/%3").arg(device).arg(meter.first).arg(dataId);
@@ -178,7 +180,7 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
                     .text(format, m_dateTime.locale(), StampedTime::Fraction::Thousandths);
             lines.append(std::move(line));
         }
-        const int column = columnOf.value(devData(select.integer(5), select.integer(6)));
+        const int column = columnOf.value(columnKey(select.integer(5), select.integer(6)));
         std::optional<double>& cell = lines.last().values[column];
         if (!cell && !select.isNull(7))
             cell = select.real(7);
@@ -213,7 +215,7 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
 
     QHash<int, std::pair<qint64, qint32>> columnKeys;
     for (auto key = keys.constBegin(); key != keys.constEnd(); ++key)
-        columnKeys.insert(columnOf.value(key.key()),
+        columnKeys.insert(columnOf.value(columnKey(key.value().first, key.value().second)),
                           {key.value().first, qint32(key.value().second)});
     for (const Line& line : lines) {
         QStringList row{line.timeText, QString::number(line.mode), QString::number(line.type),

@@ -71,6 +71,10 @@ DayWalk::Result SnapshotLoader::load(const QueryNumbers& numbers, const QDateTim
     m_numbers = numbers;
     m_target = numbers.sliceTable(QStringLiteral("HistLog_"));
     m_timeIndex = numbers.table(QStringLiteral("HLogTimeIndex_"));
+    m_context.scratch->database().execute(
+        QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 ([Date/TimeIndex])")
+            .arg(SqlIdentifier::quote(m_timeIndex + QStringLiteral("_Key")),
+                 SqlIdentifier::quote(m_timeIndex)));
     m_rows = 0;
     m_cut = {};
     m_cutDay = {};
@@ -162,29 +166,36 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
 
     const int excluded = excludedModeOfHour();
     const QString direction = v.descending ? QStringLiteral("DESC") : QStringLiteral("ASC");
+    // Rows arrive already stamped with their file's device index: stamping them afterwards
+    // would scan the whole slice table once per hour. The value table is read in its own
+    // order (no index of the writer's may reorder it), and the copied time index is the
+    // indexed side, so the join costs one look-up per value.
     QString sql = QStringLiteral("INSERT INTO %1 ([DataID], [Value], [Date/Time], [ms], [DTmode], "
-                                 "[TypeID], [ProfileIndex]) SELECT H.[DataID], H.[Value], "
-                                 "HI.[Date/Time], HI.[ms], HI.[DTmode], HI.[TypeID], "
-                                 "HI.[ProfileIndex] FROM %2 AS HI JOIN %3 AS H ON "
-                                 "H.[Date/TimeIndex] = HI.[Date/TimeIndex] WHERE 1")
+                                 "[TypeID], [ProfileIndex], [DeviceIndex]) SELECT H.[DataID], "
+                                 "H.[Value], HI.[Date/Time], HI.[ms], HI.[DTmode], HI.[TypeID], "
+                                 "HI.[ProfileIndex], ? FROM %3 AS H NOT INDEXED CROSS JOIN %2 AS "
+                                 "HI ON H.[Date/TimeIndex] = HI.[Date/TimeIndex] WHERE 1")
                       .arg(SqlIdentifier::quote(m_target), index, qualified(v.schema, valueTable)) +
                   filterSql();
-    QVariantList values = filterValues();
+    QVariantList values{qint64(v.file->deviceIndex + 1)};
+    values << filterValues();
     if (excluded >= 0) {
         sql += QStringLiteral(" AND HI.[DTmode] <> ?");
         values << excluded;
     }
     // Time order decides which rows the budget keeps; the value table's own order decides
-    // which of two equal keys is read first.
-    sql += QStringLiteral(" ORDER BY HI.[Date/Time] %1, HI.[ms] %1, H.rowid").arg(direction);
-    if (!m_cut.isValid()) {
-        sql += QStringLiteral(" LIMIT ?");
+    // which of two equal keys is read first, as it does when no budget can end in this hour.
+    const qint64 instants = v.row.values.value(QStringLiteral("Recs_%1").arg(hour)).toLongLong();
+    const bool budgetMayEnd =
+        m_context.dataIds.isEmpty() || instants <= 0 ||
+        m_rows + instants * m_context.dataIds.size() > m_context.tempLogRecSize;
+    if (!m_cut.isValid() && budgetMayEnd) {
+        sql += QStringLiteral(" ORDER BY HI.[Date/Time] %1, HI.[ms] %1, H.rowid LIMIT ?")
+                   .arg(direction);
         values << std::max<qint64>(0, m_context.tempLogRecSize - m_rows);
     }
     db.execute(sql, values);
     const qint64 added = db.handle().getChanges();
-    if (added > 0)
-        DayWalk::stampDevice(db, m_target, v.file->deviceIndex + 1);
     m_rows += added;
     return added;
 }
