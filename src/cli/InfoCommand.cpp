@@ -3,6 +3,7 @@
 
 #include "CliOutput.h"
 #include "ExitCode.h"
+#include "FaultExitCode.h"
 #include "platform/Fault.h"
 #include "query/LogTree.h"
 #include "query/MeterInventory.h"
@@ -98,24 +99,6 @@ void addSplitLog(QJsonObject& report, const QString& dmlPath)
     report.insert(QStringLiteral("logs"), tree);
 }
 
-int exitCodeOf(const Fault& fault)
-{
-    switch (fault.kind()) {
-    case Fault::Kind::FileMissing:
-        return FileMissing;
-    case Fault::Kind::NotADatabase:
-        return NotADatabase;
-    case Fault::Kind::Damaged:
-        return Damaged;
-    case Fault::Kind::Version:
-        return VersionFault;
-    case Fault::Kind::ReadOnly:
-    case Fault::Kind::Other:
-        break;
-    }
-    return Failure;
-}
-
 } // namespace
 
 QJsonObject InfoCommand::report(const QString& path)
@@ -168,7 +151,7 @@ int InfoCommand::run(const QStringList& arguments)
         return Success;
     } catch (const Fault& fault) {
         CliOutput::error(fault.message());
-        return exitCodeOf(fault);
+        return exitCodeFor(fault);
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "CliOutput.h"
 #include "ExitCode.h"
+#include "FaultExitCode.h"
 #include "LabelCommand.h"
 #include "platform/Fault.h"
 #include "platform/SqlIdentifier.h"
@@ -193,24 +194,6 @@ int parse(const QStringList& arguments, Options& o)
     return Success;
 }
 
-int exitCodeOf(const Fault& fault)
-{
-    switch (fault.kind()) {
-    case Fault::Kind::FileMissing:
-        return FileMissing;
-    case Fault::Kind::NotADatabase:
-        return NotADatabase;
-    case Fault::Kind::Damaged:
-        return Damaged;
-    case Fault::Kind::Version:
-        return VersionFault;
-    case Fault::Kind::ReadOnly:
-    case Fault::Kind::Other:
-        break;
-    }
-    return Failure;
-}
-
 void print(const QList<ViewResult>& pages, const QString& format)
 {
     QTextStream out(stdout);
@@ -344,7 +327,7 @@ int QueryCommand::run(const QStringList& arguments)
         return Success;
     } catch (const Fault& fault) {
         CliOutput::error(fault.message());
-        return exitCodeOf(fault);
+        return exitCodeFor(fault);
     } catch (const StorageError& error) {
         CliOutput::error(QString::fromUtf8(error.what()));
         return Failure;

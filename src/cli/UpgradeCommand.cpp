@@ -3,6 +3,7 @@
 
 #include "CliOutput.h"
 #include "ExitCode.h"
+#include "FaultExitCode.h"
 #include "platform/Fault.h"
 #include "store/MeterMessages.h"
 #include "store/SchemaUpgrade.h"
@@ -22,20 +23,7 @@ int exitCodeOf(const Fault& fault)
     if (fault.step() == QLatin1String("BlockLoadDB") ||
         fault.step() == QLatin1String("VersionGuard") || fault.kind() == Fault::Kind::ReadOnly)
         return Refused;
-    switch (fault.kind()) {
-    case Fault::Kind::FileMissing:
-        return FileMissing;
-    case Fault::Kind::NotADatabase:
-        return NotADatabase;
-    case Fault::Kind::Damaged:
-        return Damaged;
-    case Fault::Kind::Version:
-        return VersionFault;
-    case Fault::Kind::ReadOnly:
-    case Fault::Kind::Other:
-        break;
-    }
-    return Failure;
+    return exitCodeFor(fault);
 }
 
 } // namespace
