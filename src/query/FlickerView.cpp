@@ -3,6 +3,7 @@
 
 #include "FlickerGrid.h"
 #include "FlickerLoader.h"
+#include "MomentSnapshot.h"
 #include "StatusView.h"
 
 namespace lorvane {
@@ -11,8 +12,9 @@ ViewResult FlickerView::run(QueryContext& context)
 {
     return StatusView::run(
         context, LogKind::Flicker, FlickerLoader::load,
-        [](SqliteDatabase& db, const QueryNumbers& numbers, const SortState& sort) {
-            return QList<GridTable>{FlickerGrid::fill(db, numbers, sort)};
+        [&context](SqliteDatabase& db, const QueryNumbers& numbers, const SortState& sort) {
+            return QList<GridTable>{MomentSnapshot::load(context, numbers),
+                                    FlickerGrid::fill(db, numbers, sort)};
         });
 }
 

@@ -7,7 +7,8 @@ namespace lorvane {
 
 struct QueryContext;
 
-/// The flicker max/min view (log kind 8): "Show Flicker Max/Min".
+/// The flicker max/min view (log kind 8): the snapshots of the same range in grid 0, "Show
+/// Flicker Max/Min" in grid 1.
 class FlickerView
 {
 public:

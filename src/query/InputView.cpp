@@ -3,6 +3,7 @@
 
 #include "InputGrid.h"
 #include "InputLoader.h"
+#include "MomentSnapshot.h"
 #include "SetupRecordViews.h"
 #include "StatusView.h"
 #include "platform/UserText.h"
@@ -13,9 +14,9 @@ ViewResult InputView::run(QueryContext& context)
 {
     return StatusView::run(
         context, LogKind::Inputs, InputLoader::load,
-        [](SqliteDatabase& db, const QueryNumbers& numbers, const SortState& sort) {
+        [&context](SqliteDatabase& db, const QueryNumbers& numbers, const SortState& sort) {
             return QList<GridTable>{
-                InputGrid::fill(db, numbers, sort),
+                InputGrid::fill(db, numbers, sort), MomentSnapshot::load(context, numbers),
                 SetupRecordViews::settingsGrid(db, numbers, QStringLiteral("InputLogDataItem_"),
                                                userText("404060", "Show Input Settings"))};
         });

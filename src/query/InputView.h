@@ -7,7 +7,8 @@ namespace lorvane {
 
 struct QueryContext;
 
-/// The input view (log kind 6): "Show Inputs" in grid 0, "Show Input Settings" after it.
+/// The input view (log kind 6): "Show Inputs" in grid 0, the snapshots of the same range in
+/// grid 1, "Show Input Settings" after them.
 class InputView
 {
 public:

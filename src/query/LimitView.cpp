@@ -5,6 +5,7 @@
 #include "LimitGrid.h"
 #include "LimitLoader.h"
 #include "LogFileList.h"
+#include "MomentSnapshot.h"
 #include "QueryContext.h"
 #include "ScaledFormatsLoader.h"
 #include "store/TempQueryDatabase.h"
@@ -25,6 +26,7 @@ ViewResult LimitView::run(QueryContext& context)
     ScaledFormatsLoader::load(db, files, result.numbers);
     result.grids << LimitGrid::fill(db, result.numbers, context.descending, context.sortColumn,
                                     context.dataFormat);
+    result.grids << MomentSnapshot::load(context, result.numbers);
     DayRowsCopy::describe(walk, context, result);
     return result;
 }

@@ -8,7 +8,7 @@ namespace lorvane {
 struct QueryContext;
 
 /// The limit view (log kind 5): the limit records of the selection with their data point names, and
-/// the meters' scaled formats.
+/// the meters' scaled formats, in grid 0; the snapshots of the same range in grid 1.
 class LimitView
 {
 public:

@@ -7,7 +7,8 @@ namespace lorvane {
 
 struct QueryContext;
 
-/// The relay view (log kind 7): "Show Relays" in grid 0, "Show Relay Settings" after it.
+/// The relay view (log kind 7): "Show Relays" in grid 0, the snapshots of the same range in
+/// grid 1, "Show Relay Settings" after them.
 class RelayView
 {
 public:

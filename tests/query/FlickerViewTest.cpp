@@ -2,6 +2,7 @@
 #include "query/FlickerView.h"
 
 #include "InputSimFixture.h"
+#include "MomentSnapshotCheck.h"
 
 using namespace lorvane;
 using namespace lorvane::test;
@@ -11,7 +12,7 @@ TEST(FlickerView, FourBlocksADayAndEveryMaximumAtLeastItsMinimum)
     SimMeters sim;
     QueryContext c = sim.context({sim.meter(QStringLiteral("Board"))});
     c.descending = true;
-    const GridTable grid = FlickerView::run(c).grids.at(0);
+    const GridTable grid = FlickerView::run(c).grids.at(1);
     EXPECT_EQ(grid.caption, QStringLiteral("Show Flicker Max/Min"));
     EXPECT_EQ(grid.columns.size(), 8 + 12 * 4);
     ASSERT_EQ(grid.rows.size(), 8);
@@ -31,4 +32,18 @@ TEST(FlickerView, FourBlocksADayAndEveryMaximumAtLeastItsMinimum)
             }
         }
     }
+}
+
+TEST(FlickerView, SnapshotsOfTheSameRangeComeFirstNewestFirst)
+{
+    SimMeters sim;
+    const QString board = sim.meter(QStringLiteral("Board"));
+    QueryContext c = sim.context({board}, "2024-03-04 00:00:00", "2024-03-04 05:59:59");
+    c.descending = true;
+    c.dataIds = {20617};
+    const ViewResult view = FlickerView::run(c);
+    ASSERT_EQ(view.grids.size(), 2);
+    expectMomentSnapshot(view.grids.at(0), board, 1, 3, QStringLiteral("Board"), {20617},
+                         "2024-03-04 00:00:00", "2024-03-04 05:59:59", true);
+    EXPECT_EQ(view.grids.at(1).caption, QStringLiteral("Show Flicker Max/Min"));
 }

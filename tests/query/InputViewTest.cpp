@@ -4,6 +4,7 @@
 #include "query/InputView.h"
 
 #include "InputSimFixture.h"
+#include "MomentSnapshotCheck.h"
 #include "query/SetupRecordViews.h"
 
 #include <QFile>
@@ -16,7 +17,7 @@ TEST(InputView, ShowsTheSimulatedInputEventsWithTheirSettings)
     SimMeters sim;
     QueryContext c = sim.context({sim.meter(QStringLiteral("Board"))});
     const ViewResult view = InputView::run(c);
-    ASSERT_EQ(view.grids.size(), 2);
+    ASSERT_EQ(view.grids.size(), 3);
     const GridTable& inputs = view.grids.at(0);
     EXPECT_EQ(inputs.caption, QStringLiteral("Show Inputs"));
     EXPECT_EQ(inputs.columns.size(), 16);
@@ -42,7 +43,8 @@ TEST(InputView, ShowsTheSimulatedInputEventsWithTheirSettings)
                   inputs.rowKeys.at(r).value(QStringLiteral("DT1")).toString());
 
     // The settings grid holds the four inputs of setting 1, and the one-input view names them.
-    EXPECT_EQ(view.grids.at(1).rows.size(), 4);
+    EXPECT_EQ(view.grids.at(2).caption, QStringLiteral("Show Input Settings"));
+    EXPECT_EQ(view.grids.at(2).rows.size(), 4);
     const GridTable one =
         SetupRecordViews::inputSetting(c.scratch->database(), view.numbers, 1, 1, 0, 0);
     EXPECT_EQ(one.rows.at(0),
@@ -102,4 +104,17 @@ TEST(InputView, EmptyRangeAndVanishedMeterGiveAnEmptyGridWithHeadings)
     const ViewResult missing = InputView::run(gone);
     EXPECT_TRUE(missing.noData);
     EXPECT_TRUE(missing.grids.at(0).rows.isEmpty());
+}
+
+TEST(InputView, SnapshotsOfTheSameRangeAreGridOne)
+{
+    SimMeters sim;
+    const QString board = sim.meter(QStringLiteral("Board"));
+    QueryContext c = sim.context({board}, "2024-03-05 09:00:00", "2024-03-05 14:59:59");
+    c.dataIds = {20621};
+    const ViewResult view = InputView::run(c);
+    ASSERT_EQ(view.grids.size(), 3);
+    // The outage from 10:00 to 13:00 leaves its hours out of the snapshots.
+    expectMomentSnapshot(view.grids.at(1), board, 1, 3, QStringLiteral("Board"), {20621},
+                         "2024-03-05 09:00:00", "2024-03-05 14:59:59");
 }

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MomentSnapshot.h"
+
+#include "QueryContext.h"
+#include "SnapshotGrid.h"
+#include "SnapshotLoader.h"
+#include "SnapshotView.h"
+#include "store/LogKind.h"
+
+#include <algorithm>
+
+namespace lorvane {
+
+GridTable MomentSnapshot::load(const QueryContext& context, const QueryNumbers& numbers)
+{
+    constexpr int kind = static_cast<int>(LogKind::Snapshots);
+    // The view's sort item and type choice belong to its own log: the snapshots are read of
+    // every record type and shown in time order.
+    QueryContext snapshots = context;
+    snapshots.typeFilter = 0;
+    snapshots.sortColumn.clear();
+    // The loader reads from the later end when descending; some views keep the range in
+    // ascending order whatever the direction.
+    const QDateTime first = std::min(context.start, context.end);
+    const QDateTime last = std::max(context.start, context.end);
+    snapshots.start = context.descending ? last : first;
+    snapshots.end = context.descending ? first : last;
+    SnapshotLoader(snapshots, kind).load(numbers, snapshots.start, snapshots.end);
+    return SnapshotGrid(snapshots).fill(numbers, SnapshotView::caption(kind));
+}
+
+} // namespace lorvane

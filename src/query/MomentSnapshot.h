@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "GridTable.h"
+#include "QueryCatalog.h"
+
+namespace lorvane {
+
+struct QueryContext;
+
+/// The snapshot of the moment that the limit, input, relay and flicker views show beside
+/// their own log: the selected points' snapshots over the view's range, read into the same
+/// query's snapshot tables, as the snapshot view's grid.
+class MomentSnapshot
+{
+public:
+    /// Loads the snapshots of `context`'s range and selected data ids into slice `numbers`
+    /// (whose query the view created) and returns their grid. One slice only: the view has no
+    /// pages, so a range past the row budget shows its first part. Throws StorageError.
+    static GridTable load(const QueryContext& context, const QueryNumbers& numbers);
+};
+
+} // namespace lorvane
