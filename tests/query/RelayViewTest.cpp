@@ -56,10 +56,10 @@ TEST(RelayView, SnapshotsOfTheSameRangeAreGridOne)
     SimMeters sim;
     const QString board = sim.meter(QStringLiteral("Board"));
     QueryContext c = sim.context({board}, "2024-03-04 17:00:00", "2024-03-04 20:59:59");
-    c.dataIds = {21203, 20617, 20625};
+    c.dataIds = {21017, 20617, 20625};
     const ViewResult view = RelayView::run(c);
     ASSERT_EQ(view.grids.size(), 3);
     expectMomentSnapshot(view.grids.at(1), board, 1, 3, QStringLiteral("Board"),
-                         {20617, 20625, 21203}, "2024-03-04 17:00:00", "2024-03-04 20:59:59");
+                         {20617, 20625, 21017}, "2024-03-04 17:00:00", "2024-03-04 20:59:59");
     EXPECT_EQ(view.grids.at(2).caption, QStringLiteral("Show Relay Settings"));
 }
