@@ -4,6 +4,7 @@
 #include "CliOutput.h"
 #include "ExitCode.h"
 #include "FaultExitCode.h"
+#include "FileArguments.h"
 #include "platform/Fault.h"
 #include "query/LogTree.h"
 #include "query/MeterInventory.h"
@@ -127,27 +128,21 @@ QJsonObject InfoCommand::report(const QString& path)
 
 int InfoCommand::run(const QStringList& arguments)
 {
-    bool json = false;
-    QStringList files;
-    for (const QString& argument : arguments) {
-        if (argument == QLatin1String("--json"))
-            json = true;
-        else if (argument.startsWith(QLatin1String("--")))
-            return CliOutput::usage(QStringLiteral("unknown option for info: ") + argument);
-        else
-            files << argument;
-    }
-    if (files.size() != 1)
-        return CliOutput::usage(QStringLiteral("info takes one database file"));
+    const std::optional<FileArguments> parsed =
+        FileArguments::parse(QStringLiteral("info"), arguments);
+    if (!parsed)
+        return Usage;
+    const bool json = parsed->json;
+    const QString& file = parsed->file;
 
     try {
-        const QJsonObject info = report(files.first());
+        const QJsonObject info = report(file);
         if (json)
             CliOutput::printJson(info);
         else
             CliOutput::printInfo(info);
         if (info.value(QStringLiteral("readOnly")).toBool())
-            CliOutput::warn(MeterMessages::readOnlyAttribute(QFileInfo(files.first()).fileName()));
+            CliOutput::warn(MeterMessages::readOnlyAttribute(QFileInfo(file).fileName()));
         return Success;
     } catch (const Fault& fault) {
         CliOutput::error(fault.message());

@@ -4,6 +4,7 @@
 #include "CliOutput.h"
 #include "ExitCode.h"
 #include "FaultExitCode.h"
+#include "FileArguments.h"
 #include "platform/Fault.h"
 #include "store/MeterMessages.h"
 #include "store/SchemaUpgrade.h"
@@ -30,30 +31,24 @@ int exitCodeOf(const Fault& fault)
 
 int UpgradeCommand::run(const QStringList& arguments)
 {
-    bool json = false;
-    QStringList files;
-    for (const QString& argument : arguments) {
-        if (argument == QLatin1String("--json"))
-            json = true;
-        else if (argument.startsWith(QLatin1String("--")))
-            return CliOutput::usage(QStringLiteral("unknown option for upgrade: ") + argument);
-        else
-            files << argument;
-    }
-    if (files.size() != 1)
-        return CliOutput::usage(QStringLiteral("upgrade takes one database file"));
+    const std::optional<FileArguments> parsed =
+        FileArguments::parse(QStringLiteral("upgrade"), arguments);
+    if (!parsed)
+        return Usage;
+    const bool json = parsed->json;
+    const QString& file = parsed->file;
 
     try {
-        const UpgradeResult result = SchemaUpgrade::upgrade(files.first());
+        const UpgradeResult result = SchemaUpgrade::upgrade(file);
         if (json) {
             CliOutput::printJson(
-                QJsonObject{{QStringLiteral("file"), files.first()},
+                QJsonObject{{QStringLiteral("file"), file},
                             {QStringLiteral("from"), result.from},
                             {QStringLiteral("to"), result.to},
                             {QStringLiteral("steps"), QJsonArray::fromStringList(result.steps)}});
         } else {
             QTextStream out(stdout);
-            out << "file: " << files.first() << '\n'
+            out << "file: " << file << '\n'
                 << "from: " << MeterMessages::versionText(result.from) << '\n'
                 << "to: " << MeterMessages::versionText(result.to) << '\n'
                 << "steps: "

@@ -3,6 +3,7 @@
 
 #include "AttachedMeterFiles.h"
 #include "DayWalk.h"
+#include "LogFileList.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/StorageError.h"
@@ -45,11 +46,7 @@ void FullScalesLoader::copyByIndex(SqliteDatabase& db, const QList<LogFileEntry>
 
     AttachedMeterFiles attached(db);
     for (const auto& [device, index] : wanted) {
-        const LogFileEntry* file = nullptr;
-        for (const LogFileEntry& entry : files) {
-            if (entry.deviceIndex + 1 == device)
-                file = &entry;
-        }
+        const LogFileEntry* file = LogFileList::fileOfDevice(files, device);
         if (!file)
             continue;
         QString schema;

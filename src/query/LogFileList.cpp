@@ -36,4 +36,13 @@ QList<LogFileEntry> LogFileList::expand(const QList<LogFileEntry>& files, int qu
     return result;
 }
 
+const LogFileEntry* LogFileList::fileOfDevice(const QList<LogFileEntry>& files, qint64 deviceIndex)
+{
+    for (const LogFileEntry& entry : files) {
+        if (entry.deviceIndex + 1 == deviceIndex)
+            return &entry;
+    }
+    return nullptr;
+}
+
 } // namespace lorvane

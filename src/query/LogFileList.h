@@ -20,6 +20,9 @@ public:
     /// kind (9 waveform: logs 10 and 25; `pqFileOnlyKind`: log 13; otherwise all eighteen
     /// logs). Entries of an ordinary meter are copied.
     static QList<LogFileEntry> expand(const QList<LogFileEntry>& files, int queryKind);
+
+    /// The file whose rows carry `deviceIndex` (its position + 1); null when none does.
+    static const LogFileEntry* fileOfDevice(const QList<LogFileEntry>& files, qint64 deviceIndex);
 };
 
 } // namespace lorvane

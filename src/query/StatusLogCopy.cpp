@@ -3,6 +3,7 @@
 
 #include "AttachedMeterFiles.h"
 #include "LoadProgress.h"
+#include "LogFileList.h"
 #include "QueryCatalog.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
@@ -102,11 +103,7 @@ qint64 StatusLogCopy::copySettings(QueryContext& context, const QList<LogFileEnt
     AttachedMeterFiles attached(db);
     qint64 total = 0;
     for (const auto& [device, index] : found) {
-        const LogFileEntry* file = nullptr;
-        for (const LogFileEntry& entry : files) {
-            if (entry.deviceIndex + 1 == device)
-                file = &entry;
-        }
+        const LogFileEntry* file = LogFileList::fileOfDevice(files, device);
         if (!file)
             continue;
         QString schema;
