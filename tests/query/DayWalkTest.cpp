@@ -8,6 +8,7 @@
 #include "store/TempQueryDatabase.h"
 #include "support/MeterFileBuilder.h"
 #include "support/TestEnvironment.h"
+#include "support/TestMeters.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -91,14 +92,7 @@ struct Fixture
 {
     QTemporaryDir dir;
     std::unique_ptr<TempQueryDatabase> scratch;
-    Fixture()
-    {
-        QDir(dir.path()).mkpath(QStringLiteral("scratch"));
-        scratch =
-            TempQueryDatabase::create(QDir(lorvane::test::dataFolder())
-                                          .filePath(QStringLiteral("Resource/LorvaneTempQuery.DB")),
-                                      dir.filePath(QStringLiteral("scratch")), 4242);
-    }
+    Fixture() { scratch = lorvane::test::scratchDatabase(dir, 4242); }
 };
 
 /// A limit loader in its simplest form: the day's events inside the visit's range.

@@ -4,7 +4,7 @@
 #include "query/LoadProgress.h"
 #include "query/QueryContext.h"
 #include "store/TempQueryDatabase.h"
-#include "support/TestEnvironment.h"
+#include "support/TestMeters.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -24,26 +24,15 @@ struct SimMeters
     std::unique_ptr<TempQueryDatabase> scratch;
     SilentProgress progress;
 
-    SimMeters()
-    {
-        QDir(dir.path()).mkpath(QStringLiteral("scratch"));
-        scratch = TempQueryDatabase::create(
-            QDir(dataFolder()).filePath(QStringLiteral("Resource/LorvaneTempQuery.DB")),
-            dir.filePath(QStringLiteral("scratch")), 4343);
-    }
+    SimMeters() { scratch = scratchDatabase(dir, 4343); }
 
     /// A standard meter of 2024-03-04 and 2024-03-05 (seed `seed`) at `name`.DB.
     QString meter(const QString& name, int seed = 3)
     {
         const QString out = dir.filePath(name + QStringLiteral(".DB"));
-        const auto result =
-            runProgram(QStringLiteral("lorvane-sim"),
-                       {QStringLiteral("--out"), out, QStringLiteral("--start"),
-                        QStringLiteral("2024-03-04"), QStringLiteral("--days"), QStringLiteral("2"),
-                        QStringLiteral("--interval-minutes"), QStringLiteral("15"),
-                        QStringLiteral("--points"), QStringLiteral("12"), QStringLiteral("--seed"),
-                        QString::number(seed), QStringLiteral("--hardware-name"), name});
-        EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+        simulate(QStringList{QStringLiteral("--out"), out, QStringLiteral("--seed"),
+                             QString::number(seed), QStringLiteral("--hardware-name"), name} +
+                 smallMeterArguments());
         return out;
     }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SelectionSimMeters.h"
 
-#include "support/TestEnvironment.h"
+#include "support/TestMeters.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -16,27 +16,19 @@ const QTemporaryDir& written()
 {
     static const QTemporaryDir folder;
     static const bool done = [] {
-        const QStringList common{QStringLiteral("--days"),
-                                 QStringLiteral("2"),
-                                 QStringLiteral("--interval-minutes"),
-                                 QStringLiteral("15"),
-                                 QStringLiteral("--points"),
-                                 QStringLiteral("12"),
-                                 QStringLiteral("--schema-version"),
-                                 QStringLiteral("9.0")};
+        const QStringList common =
+            smallMeterArguments() +
+            QStringList{QStringLiteral("--schema-version"), QStringLiteral("9.0")};
         for (const QString& kind :
              {QStringLiteral("standard"), QStringLiteral("talmo"), QStringLiteral("recorder"),
               QStringLiteral("basic"), QStringLiteral("split")}) {
             const QString out = kind == QStringLiteral("split")
                                     ? folder.filePath(QStringLiteral("Feeder15"))
                                     : folder.filePath(kind + QStringLiteral(".DB"));
-            const ProcessResult result = runProgram(
-                QStringLiteral("lorvane-sim"),
-                QStringList{QStringLiteral("--kind"), kind, QStringLiteral("--out"), out} + common);
-            if (result.exitCode != 0) {
-                ADD_FAILURE() << "lorvane-sim failed: " << result.err.toStdString();
+            if (!simulate(
+                    QStringList{QStringLiteral("--kind"), kind, QStringLiteral("--out"), out} +
+                    common))
                 return false;
-            }
         }
         return true;
     }();
@@ -59,10 +51,7 @@ void copyTree(const QString& from, const QString& to)
 
 SelectionSimMeters::SelectionSimMeters()
 {
-    QDir(m_dir.path()).mkpath(QStringLiteral("scratch"));
-    m_scratch = TempQueryDatabase::create(
-        QDir(dataFolder()).filePath(QStringLiteral("Resource/LorvaneTempQuery.DB")),
-        m_dir.filePath(QStringLiteral("scratch")), 4545);
+    m_scratch = scratchDatabase(m_dir, 4545);
 }
 
 QString SelectionSimMeters::meter(const QString& kind)

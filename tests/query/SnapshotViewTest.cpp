@@ -9,6 +9,7 @@
 #include "store/TempQueryDatabase.h"
 #include "support/MeterFileBuilder.h"
 #include "support/TestEnvironment.h"
+#include "support/TestMeters.h"
 
 #include <QDir>
 #include <QFile>
@@ -96,11 +97,7 @@ struct Fixture
     Fixture()
     {
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-        QDir(dir.path()).mkpath(QStringLiteral("scratch"));
-        scratch =
-            TempQueryDatabase::create(QDir(lorvane::test::dataFolder())
-                                          .filePath(QStringLiteral("Resource/LorvaneTempQuery.DB")),
-                                      dir.filePath(QStringLiteral("scratch")), 4343);
+        scratch = lorvane::test::scratchDatabase(dir, 4343);
         context.scratch = scratch.get();
         context.dataFormat = QStringLiteral("0.00");
     }

@@ -2,7 +2,7 @@
 #include "WaveformSimMeters.h"
 
 #include "query/SplitLogMeter.h"
-#include "support/TestEnvironment.h"
+#include "support/TestMeters.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -15,14 +15,9 @@ const QTemporaryDir& meterFolder()
 {
     static const QTemporaryDir folder;
     static const bool written = [] {
-        const QStringList common{QStringLiteral("--days"),
-                                 QStringLiteral("2"),
-                                 QStringLiteral("--interval-minutes"),
-                                 QStringLiteral("15"),
-                                 QStringLiteral("--points"),
-                                 QStringLiteral("12"),
-                                 QStringLiteral("--schema-version"),
-                                 QStringLiteral("9.0")};
+        const QStringList common =
+            smallMeterArguments() +
+            QStringList{QStringLiteral("--schema-version"), QStringLiteral("9.0")};
         const QList<QStringList> runs{
             {QStringLiteral("--kind"), QStringLiteral("standard"), QStringLiteral("--out"),
              folder.filePath(QStringLiteral("Standard.DB")), QStringLiteral("--hardware-name"),
@@ -36,11 +31,8 @@ const QTemporaryDir& meterFolder()
              folder.filePath(QStringLiteral("Feeder15")), QStringLiteral("--hardware-name"),
              QStringLiteral("Feeder 15")}};
         for (const QStringList& run : runs) {
-            const ProcessResult result = runProgram(QStringLiteral("lorvane-sim"), run + common);
-            if (result.exitCode != 0) {
-                ADD_FAILURE() << "lorvane-sim failed: " << result.err.toStdString();
+            if (!simulate(run + common))
                 return false;
-            }
         }
         return true;
     }();
@@ -62,10 +54,7 @@ LogFileEntry entry(const QString& path, qint32 type, const QString& name)
 
 WaveformSimMeters::WaveformSimMeters()
 {
-    QDir(m_dir.path()).mkpath(QStringLiteral("scratch"));
-    m_scratch = TempQueryDatabase::create(
-        QDir(dataFolder()).filePath(QStringLiteral("Resource/LorvaneTempQuery.DB")),
-        m_dir.filePath(QStringLiteral("scratch")), 4343);
+    m_scratch = scratchDatabase(m_dir, 4343);
 }
 
 LogFileEntry WaveformSimMeters::standard()
