@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "GridCellText.h"
 
-#include "platform/SqlIdentifier.h"
-#include "platform/SqliteDatabase.h"
 #include "store/DateTimeText.h"
 #include "store/StampedTime.h"
 
@@ -10,15 +8,6 @@
 #include <stdexcept>
 
 namespace lorvane {
-
-GridCellText::GridCellText(SqliteDatabase& scratch, const QueryNumbers& numbers)
-{
-    SqlStatement names = scratch.prepare(
-        QStringLiteral("SELECT [DeviceIndex], [HardwareName] FROM %1")
-            .arg(SqlIdentifier::quote(numbers.table(QStringLiteral("LogDevices_")))));
-    while (names.next())
-        m_names.insert(names.integer(0), names.text(1));
-}
 
 QString GridCellText::stamp(const QVariant& stored, const QVariant& ms)
 {

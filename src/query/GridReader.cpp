@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "GridReader.h"
 
+#include "EventCellText.h"
 #include "GridCellText.h"
 #include "platform/SqliteDatabase.h"
 
@@ -27,7 +28,8 @@ GridTable GridReader::read(SqliteDatabase& scratch, const QueryNumbers& numbers,
     for (const auto& key : keys)
         select << key.second;
 
-    const GridCellText text(scratch, numbers);
+    // Meter names as the event grids show them; the number pattern is not used here.
+    const EventCellText text(scratch, numbers, QString());
     SqlStatement rows = scratch.prepare(QStringLiteral("SELECT %1 FROM %2 ORDER BY %3")
                                             .arg(select.join(QStringLiteral(", ")), from, orderBy));
     while (rows.next()) {
