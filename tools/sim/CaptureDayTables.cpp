@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "CaptureDayTables.h"
 
+#include "DayLogBook.h"
 #include "SimClock.h"
 #include "SimMeter.h"
 #include "platform/SqlStatement.h"
-#include "store/SchemaCatalog.h"
 
 #include <cmath>
 
@@ -35,37 +35,19 @@ QVariant CaptureDayTables::msValue(double ms) const
 void CaptureDayTables::add(const QVariantMap& row, const CaptureStamp& start,
                            const CaptureStamp& end)
 {
-    Day& day = m_days[SimClock::dayStart(start.second)];
-    if (day.rows.isEmpty() || start.msSince(day.first) < 0.0)
-        day.first = start;
-    if (day.rows.isEmpty() || end.msSince(day.last) > 0.0)
-        day.last = end;
-    day.rows << row;
+    m_days[SimClock::dayStart(start.second)].append({row, start.second, end.second});
 }
 
 void CaptureDayTables::write() const
 {
-    SqliteDatabase& db = *m_meter.db;
-    const TableLayout master = m_meter.schema.table(SchemaCatalog::masterTable(int(m_kind)));
-    SqlStatement masterInsert = db.prepare(master.insertSql());
-    qint64 n = 0;
-    for (auto it = m_days.cbegin(); it != m_days.cend(); ++it) {
-        const TableLayout layout = m_meter.schema.dayTable(m_kind, ++n);
-        db.executeScript(layout.createSql());
-        SqlStatement rowInsert = db.prepare(layout.insertSql());
-        for (const QVariantMap& row : it->rows)
-            insertRow(rowInsert, layout, row);
-
-        const qint64 records = it->rows.size();
-        insertRow(masterInsert, master,
-                  {{QStringLiteral("Date/Time"), SimClock::text(it.key())},
-                   {QStringLiteral("LogTablesIndex"), n},
-                   {QStringLiteral("HTable"), -1},
-                   {QStringLiteral("Recs"), records},
-                   {QStringLiteral("Records"), records},
-                   {QStringLiteral("StartDate/Time"), it->first.text()},
-                   {QStringLiteral("EndDate/Time"), it->last.text()}});
+    // The day log book makes each day's table and its master row with counts and span.
+    DayLogBook book(m_meter, m_kind);
+    const TableLayout layout = m_meter.schema.dayTable(m_kind, 0);
+    for (const QList<Row>& day : m_days) {
+        for (const Row& row : day)
+            insertRow(book.record(row.startSecond, row.endSecond), layout, row.values);
     }
+    book.finish();
 }
 
 } // namespace lorvane::sim

@@ -39,16 +39,17 @@ public:
     void write() const;
 
 private:
-    struct Day
+    struct Row
     {
-        QList<QVariantMap> rows;
-        CaptureStamp first;
-        CaptureStamp last;
+        QVariantMap values;
+        qint64 startSecond = 0;
+        qint64 endSecond = 0;
     };
 
     const SimMeter& m_meter;
     LogKind m_kind;
-    QMap<qint64, Day> m_days;
+    /// Rows by the day of their start, days in order as the day log book wants them.
+    QMap<qint64, QList<Row>> m_days;
 };
 
 } // namespace lorvane::sim
