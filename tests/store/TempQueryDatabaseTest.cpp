@@ -98,10 +98,10 @@ TEST(TempQueryDatabase, WorkingTablesComeFromTheTemplateWithDeviceIndexMinusOne)
     auto scratch = TempQueryDatabase::create(shippedTemplate(), dir.path(), 1);
     SqliteDatabase& db = scratch->database();
 
-    EXPECT_EQ(scratch->createWorkingTable(QStringLiteral("LimitData"), 3),
-              QStringLiteral("LimitData_3"));
-    EXPECT_EQ(db.columns(QStringLiteral("LimitData_3")),
-              db.columns(QStringLiteral("LimitDatatmp")));
+    EXPECT_EQ(scratch->createWorkingTable(QStringLiteral("HLogTimeIndex_"), 3),
+              QStringLiteral("HLogTimeIndex_3"));
+    EXPECT_EQ(db.columns(QStringLiteral("HLogTimeIndex_3")),
+              db.columns(QStringLiteral("HLogTimeIndextmp")));
     EXPECT_EQ(scratch->createWorkingTable(QStringLiteral("TagNames_"), 12, 4),
               QStringLiteral("TagNames_12_4"));
 
@@ -120,7 +120,7 @@ TEST(TempQueryDatabase, WorkingTablesComeFromTheTemplateWithDeviceIndexMinusOne)
     EXPECT_TRUE(db.tableHasField(QStringLiteral("PQLog_2_1"), QStringLiteral("PQ%")));
 
     for (const auto& [base, query] : {std::pair{QStringLiteral("NoSuchTable"), qint64(1)},
-                                      std::pair{QStringLiteral("LimitData"), qint64(-1)}}) {
+                                      std::pair{QStringLiteral("HLogTimeIndex"), qint64(-1)}}) {
         try {
             scratch->createWorkingTable(base, query);
             ADD_FAILURE() << "accepted " << qPrintable(base) << " " << query;

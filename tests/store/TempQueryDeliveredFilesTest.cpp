@@ -47,32 +47,18 @@ TEST(TempQueryDeliveredFiles, TemplateTablesCopyTheMeterLayouts)
     // layouts; column names are the same in every version.
     const MeterSchema meter(9.1);
     const QList<std::pair<const char*, TableLayout>> copies = {
-        {"HLogDatatmp", meter.hourValues()},
         {"HLogTimeIndextmp", meter.hourTimeIndex()},
-        {"LimitDatatmp", meter.limitsLog()},
-        {"LimitDataAtmp", meter.table(QStringLiteral("LimitsLogDataItem"))},
-        {"PQDatatmp", meter.pqLog()},
         {"PQLogtmp", meter.pqLog()},
-        {"WaveDatatmp", meter.waveformLog()},
         {"WaveformLogtmp", meter.waveformLog()},
-        {"PQWaveSettmp", meter.table(QStringLiteral("PQWaveLogDataItem"))},
         {"PQWaveLogDataItemtmp", meter.table(QStringLiteral("PQWaveLogDataItem"))},
-        {"PQWaveInputLabelstmp", meter.table(QStringLiteral("HSInputLabels"))},
         {"HSInputLabelstmp", meter.table(QStringLiteral("HSInputLabels"))},
-        {"tmpFStmp", meter.table(QStringLiteral("FullScales"))},
         {"FullScalestmp", meter.table(QStringLiteral("FullScales"))},
-        {"tmpScaledFormatstmp", meter.table(QStringLiteral("ScaledFormats"))},
         {"ScaledFormatstmp", meter.table(QStringLiteral("ScaledFormats"))},
-        {"InputDatatmp", meter.inputLog()},
         {"InputLogAtmp", meter.inputLog()},
-        {"InputSettmp", meter.table(QStringLiteral("InputLogDataItem"))},
         {"InputLogDataItemtmp", meter.table(QStringLiteral("InputLogDataItem"))},
-        {"RelaySettmp", meter.table(QStringLiteral("RelayLogDataItem"))},
         {"RelayLogDataItemtmp", meter.table(QStringLiteral("RelayLogDataItem"))},
         {"RelayLogAtmp", meter.relayLog()},
-        {"FlickerMaxMinDatatmp", meter.flickerMaxMin()},
         {"Flicker_MaxMintmp", meter.flickerMaxMin()},
-        {"SysEventTmptmp", meter.systemEventLog()},
         {"SystemEventLogAtmp", meter.systemEventLog()},
     };
     for (const auto& [table, layout] : copies) {
@@ -109,7 +95,7 @@ TEST(TempQueryDeliveredFiles, TemplateTablesCopyTheMeterLayouts)
             << qPrintable(table);
         EXPECT_FALSE(scratch.hasRows(QStringLiteral("SELECT 1 FROM [%1]").arg(table)));
     }
-    EXPECT_EQ(templates, 32);
+    EXPECT_EQ(templates, 18);
     EXPECT_TRUE(scratch.tableHasField(QStringLiteral("PQTestLogsDetail"),
                                       QStringLiteral("NominalVoltage")));
 }
