@@ -67,8 +67,7 @@ private:
 class ScopedUserMessages
 {
 public:
-    explicit ScopedUserMessages(UserMessages& messages)
-        : m_previous(installUserMessages(&messages))
+    explicit ScopedUserMessages(UserMessages& messages) : m_previous(installUserMessages(&messages))
     {
     }
     ~ScopedUserMessages() { installUserMessages(m_previous); }

@@ -7,6 +7,7 @@
 #include "app/ui/LorvaneStartupHost.h"
 #include "app/ui/TalLorvane.h"
 #include "store/TempQueryDatabase.h"
+#include "support/ui/Screenshot.h"
 
 #include <QApplication>
 #include <QDir>
@@ -70,22 +71,10 @@ TEST(MainFrame, LoadsCleansUpShowsSelectionAndRemovesScratchOnClose)
     EXPECT_EQ(frame->mdiArea()->activeSubWindow()->geometry(),
               frame->mdiArea()->viewport()->rect());
 
-    const QString folder = QStringLiteral(LORVANE_SCREENSHOT_DIR);
-    QDir().mkpath(folder);
-    EXPECT_TRUE(frame->grab().save(folder + "/main-frame.png"));
+    EXPECT_TRUE(lorvane::test::saveScreenshot(frame, "main-frame"));
 
     EXPECT_TRUE(frame->close());
     EXPECT_FALSE(QFileInfo::exists(scratchFile));
     EXPECT_FALSE(context.scratch);
     EXPECT_FALSE(context.dictionary);
-}
-
-int main(int argc, char** argv)
-{
-    // GUI tests run headless, test discovery at build time included.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
 }
