@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "gridview/LogViewSession.h"
+#include "query/LoadProgress.h"
+#include "query/QueryCatalog.h"
+#include "query/ViewDispatch.h"
+
+#include <QList>
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <memory>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QTableView;
+class QTabBar;
+
+namespace lorvane {
+
+class GridTableModel;
+class TopQueryBuffer;
+struct RunContext;
+
+/// The one grid window of every log kind: the grids of the current view, its pages, its sort
+/// and the hand-overs to the graph windows. The logic lives in LogViewSession; this window
+/// shows it and turns clicks into its calls.
+class TalHistView : public QWidget
+{
+    Q_OBJECT
+public:
+    /// The command buttons by their fixed index.
+    enum Command
+    {
+        SortCommand = 0,
+        GraphCommand = 1,
+        HelpCommand = 2,
+        BackCommand = 3,
+        UpCommand = 4,
+        DownCommand = 5,
+    };
+
+    explicit TalHistView(RunContext& context, QWidget* parent = nullptr);
+    ~TalHistView() override;
+
+    /// Takes the fields of a view button press and runs LoadQuery(request.fresh).
+    void showRequest(const ViewDispatch::Request& request, TopQueryBuffer& buffer);
+    /// Runs the loaders (`fresh`) or shows the buffered query of the pressing button.
+    void LoadQuery(bool fresh);
+    /// The kind shown (the last request's).
+    int logKind() const;
+    /// The progress watcher of the loads (the frame gives the wait window); null = silent.
+    void setProgressFactory(std::function<std::unique_ptr<LoadProgress>()> factory);
+
+    /// Grid `index` (0 to 3), for the frame and the tests.
+    QTableView* grid(int index) const;
+    /// Command button `index` (see Command).
+    QPushButton* command(int index) const;
+    /// The session behind the window.
+    const LogViewSession& session() const { return m_session; }
+
+signals:
+    void backRequested(); // &Back
+    void helpRequested(const QString& topic);
+    /// &Graph on a waveform row: the capture to open (query numbers, the RecCounters of the
+    /// grid's rows for P&rev/&Next, the position of the chosen one, the window caption).
+    void waveformRequested(const lorvane::QueryNumbers& numbers, const QList<qint32>& series,
+                           int position, const QString& caption);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void build();
+    void refresh();
+    void showGrids();
+    void selectGrid(int index);
+    void step(int delta);
+    void openSort();
+    void graph();
+    void typeChosen(int index);
+    void sortChosen(int index);
+    void pageChosen(int index);
+    void rowActivated(int gridIndex, const QModelIndex& index);
+    void showCaption(int index);
+    void copySelection();
+    int selectedRow() const;
+    void runGuarded(const std::function<void()>& work);
+
+    RunContext& m_context;
+    LogViewSession m_session;
+    std::function<std::unique_ptr<LoadProgress>()> m_progressFactory;
+    std::array<QTableView*, 4> m_grids{};
+    std::array<GridTableModel*, 4> m_models{};
+    std::array<QPushButton*, 6> m_commands{};
+    QComboBox* m_combo1 = nullptr;
+    QComboBox* m_combo2 = nullptr;
+    QComboBox* m_combo3 = nullptr;
+    QLabel* m_label1 = nullptr;
+    QLabel* m_typeLabel = nullptr;
+    QLabel* m_status = nullptr;
+    QTabBar* m_captions = nullptr;
+    bool m_filling = false;
+    bool m_busy = false;
+};
+
+} // namespace lorvane
