@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "query/QueryContext.h"
+#include "query/SortState.h"
+#include "query/ViewDispatch.h"
+#include "query/ViewResult.h"
+
+#include <QList>
+#include <QString>
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace lorvane {
+
+class LoadProgress;
+class SnapshotView;
+class TopQueryBuffer;
+
+/// The state of the one log grid window over the query engine: which kind it shows, the query
+/// and page of each view button, the sort and type choice, and what &Graph, a double click or
+/// a check mark leads to. A buffered press, a page already read and a new sort are shown from
+/// the scratch tables: only a fresh press or a step past the last slice reads meter files.
+class LogViewSession
+{
+public:
+    /// What &Graph does for the current kind and row.
+    struct GraphAction
+    {
+        enum class Kind
+        {
+            Unavailable, ///< the kind has no graph window yet: the button stays disabled
+            Message,     ///< `message` tells why nothing opens
+            Waveform,    ///< open the capture of row `position` of `series`
+        };
+        Kind kind = Kind::Unavailable;
+        QString message;
+        QueryNumbers numbers;
+        QList<qint32> series;
+        int position = -1;
+        QString caption;
+    };
+
+    /// `base` gives the scratch database, the dictionary and the settings; its selection
+    /// fields are replaced by each request.
+    explicit LogViewSession(const QueryContext& base);
+    ~LogViewSession();
+    LogViewSession(const LogViewSession&) = delete;
+    LogViewSession& operator=(const LogViewSession&) = delete;
+
+    /// Takes the fields of a view button press; `buffer` (kept by the caller) receives the
+    /// query numbers of each fresh load.
+    void setRequest(const ViewDispatch::Request& request, TopQueryBuffer* buffer);
+    /// `fresh` runs the kind's loaders; otherwise the buffered query of the pressing button is
+    /// shown from its tables (a fresh load when the session no longer holds it). `progress`
+    /// may be null. Throws StorageError or Fault; the state before the call then stays.
+    void LoadQuery(bool fresh, LoadProgress* progress);
+    /// `&Up` (-1) or `&Down` (+1); only the snapshot kinds have more than one page. True when
+    /// the grids changed. Throws StorageError.
+    bool step(int delta, LoadProgress* progress);
+    /// A new sort (and for snapshots record type): the grids are refilled from the tables and
+    /// the page stays. Throws StorageError or Fault.
+    void setSort(const SortState& sort);
+    /// The "Snapshot Type" / "Data Type" choice at `index` of `typeChoices`; refills.
+    void setTypeChoice(int index);
+
+    bool loaded() const { return m_current != nullptr; }
+    int logKind() const { return m_request.logKind; }
+    /// The result shown; an empty one before the first load.
+    const ViewResult& result() const;
+    SortState sort() const;
+    int typeChoice() const;
+    bool canUp() const;
+    bool canDown() const;
+
+    /// The texts of the "Sort Item" list of the current kind (snapshots: "Date/Time" and each
+    /// data column of the grid).
+    QStringList sortItems() const;
+    /// The caption of `Combo1`: "Snapshot Type" for snapshots and demand, else "Data Type".
+    QString typeCaption() const;
+    /// The entries of `Combo1`.
+    QStringList typeChoices() const;
+    /// What &Graph does with data row `row` of grid 0 selected (-1 none).
+    GraphAction graph(int row) const;
+    /// The grid a double click on data row `row` of grid `grid` opens: the captures of a PQ
+    /// record, the PQ/waveform setting of a capture, an input or relay setting. Throws
+    /// StorageError.
+    std::optional<GridTable> rowDetail(int grid, int row) const;
+    /// "Record {n}, {count}" for data row `row` (from 0) of the snapshot and flicker grids;
+    /// empty for the other kinds.
+    QString statusText(int grid, int row) const;
+    /// The message of a check mark on a waveform or PQ view with no row selected; empty when
+    /// a row is selected or the kind has no check marks.
+    QString checkMessage(int row) const;
+
+    /// The captions of the grids of `kind` ("Show Snapshots", "Show Inputs" ...).
+    static QStringList captions(int kind);
+    /// The view's name in the title ("Snapshots", "Database Status" ...).
+    static QString viewName(int kind);
+    /// "{program} - [{view name}]".
+    static QString windowTitle(const QString& program, int kind);
+    /// The help topic of `kind` ("LRHistTrends" ...).
+    static QString helpTopic(int kind);
+
+private:
+    struct Entry;
+
+    void loadFresh(LoadProgress* progress);
+    void refill();
+    Entry& current() const;
+
+    QueryContext m_base;
+    ViewDispatch::Request m_request;
+    TopQueryBuffer* m_buffer = nullptr;
+    std::map<int, std::unique_ptr<Entry>> m_entries;
+    Entry* m_current = nullptr;
+};
+
+} // namespace lorvane
