@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AllLogsFrm.h"
 
+#include "app/RunContext.h"
+
 namespace lorvane {
 
-AllLogsFrm::AllLogsFrm(QWidget* parent) : QWidget(parent)
+AllLogsFrm::AllLogsFrm(RunContext& context, QWidget* parent) : QWidget(parent), m_context(context)
 {
     setObjectName(QStringLiteral("AllLogsFrm"));
     setMinimumSize(480, 320);
 }
+
+AllLogsFrm::~AllLogsFrm() = default;
 
 } // namespace lorvane

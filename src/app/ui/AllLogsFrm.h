@@ -1,9 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "query/AddFileToSystem.h"
+#include "query/DataPointSelection.h"
+#include "query/MeterTable.h"
+#include "query/TimeSelection.h"
+#include "query/TopQueryBuffer.h"
+#include "query/ViewDispatch.h"
+
 #include <QWidget>
+#include <array>
+#include <functional>
+#include <memory>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QTreeWidget;
 
 namespace lorvane {
+
+struct RunContext;
 
 /// The selection window: the open meters, their logs, the data points and the time range
 /// that a view is made of. It lives inside the main frame for the whole run; closing it only
@@ -13,7 +30,80 @@ class AllLogsFrm : public QWidget
     Q_OBJECT
 
 public:
-    explicit AllLogsFrm(QWidget* parent = nullptr);
+    explicit AllLogsFrm(RunContext& context, QWidget* parent = nullptr);
+    ~AllLogsFrm() override;
+
+    /// A view button press (also called by the frame's menu mirrors and the command line).
+    void Command2_Click(int index);
+    /// A selection button press (meter 1/2 file dialog, data points, time range, back, help).
+    void Command3_Click(int index);
+    /// Opens `path` as meter `meterIndex + 1` as a manual selection does (the .dml
+    /// redirection included); false when refused (the message was shown).
+    bool openMeterFile(const QString& path, int meterIndex);
+    /// AutoLoadDBs: opens the newest *.DB of the retrieved-logs folder as meter 1.
+    void autoLoadNewestFile();
+    /// Rebuilds the tree, the combo boxes, the view buttons and the selection labels.
+    void DoReFresh();
+    /// View button `index` (0 to 14) may be pressed.
+    bool viewButtonEnabled(int index) const;
+    /// The open meters.
+    MeterTable& meters();
+    /// The data point selection the dialog edits.
+    DataPointSelection& dataPoints();
+    /// The time range rule the dialog edits.
+    TimeSelection& timeSelection();
+    /// The last query of each view button.
+    TopQueryBuffer& topQueryBuffer();
+
+    /// Hooks that open the modal dialogs; tests replace them.
+    std::function<QString(int meterIndex)> chooseMeterFile;        // file dialog; empty = cancel
+    std::function<bool()> runDataPointDialog;                      // SelDataPoints exec
+    std::function<bool()> runTimeRangeDialog;                      // SelTimeRange exec
+    std::function<QString(const QString& dmlPath)> chooseSplitLog; // frmDeviceMasterLog
+
+signals:
+    /// The grid window shows this view (ViewDispatch::Request of a grid button).
+    void viewRequested(const lorvane::ViewDispatch::Request& request);
+    /// The view buttons were enabled anew: the frame's menu mirrors follow.
+    void viewButtonsChanged();
+    /// Texts for the frame's status panes ("NO DATA", "No data points selected" ...).
+    void statusTextChanged(const QString& first, const QString& second);
+    /// A version fault that ends the program happened (message already shown).
+    void programEndRequested();
+    /// Help topic asked for ("LRMain").
+    void helpRequested(const QString& topic);
+
+private:
+    void buildWindow();
+    void installDefaultHooks();
+    QString defaultMeterFileDialog(int meterIndex);
+    void fillTree();
+    void fillCombos();
+    void enableViewButtons();
+    void showSelectionTexts();
+    void comboPicked(int meterIndex, int item);
+    void showMessages(const QStringList& messages);
+
+    RunContext& m_context;
+    MeterTable m_meters;
+    DataPointSelection m_points;
+    TimeSelection m_time;
+    TopQueryBuffer m_buffer;
+    std::unique_ptr<AddFileToSystem> m_addFile;
+    std::unique_ptr<ViewDispatch> m_dispatch;
+    std::array<bool, 15> m_enabled{};
+
+    QTreeWidget* m_tree = nullptr;
+    std::array<QComboBox*, 2> m_combos{};
+    std::array<QPushButton*, 6> m_selectionButtons{};
+    QPushButton* m_dmlButton = nullptr;
+    std::array<QPushButton*, 15> m_viewButtons{};
+    QPushButton* m_refresh = nullptr;
+    QLabel* m_startLabel = nullptr;
+    QLabel* m_endLabel = nullptr;
+    QLabel* m_pointsLabel = nullptr;
 };
 
 } // namespace lorvane
+
+Q_DECLARE_METATYPE(lorvane::ViewDispatch::Request)

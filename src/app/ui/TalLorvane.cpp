@@ -24,7 +24,7 @@ TalLorvane::TalLorvane(RunContext& context, QWidget* parent)
     m_mdiArea->viewport()->installEventFilter(this);
     statusBar();
 
-    m_selection = new AllLogsFrm;
+    m_selection = new AllLogsFrm(m_context);
     m_selectionWindow = m_mdiArea->addSubWindow(m_selection);
     // The selection window is made once and reused; closing it must not destroy it.
     m_selectionWindow->setAttribute(Qt::WA_DeleteOnClose, false);
