@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CsvCaptureFile.h"
+
+#include "WaveformChannels.h"
+#include "WaveformRecord.h"
+#include "platform/UserText.h"
+
+#include <QElapsedTimer>
+
+namespace lorvane {
+
+namespace {
+
+void tell(const CsvCaptureFile::Progress& progress, const QString& text)
+{
+    if (progress)
+        progress(text);
+}
+
+QString withoutApostrophe(QString text)
+{
+    if (text.startsWith(QLatin1Char('\'')))
+        text.remove(0, 1);
+    return text;
+}
+
+/// The labels of the result rows, the numbered ones once per number.
+QStringList resultLabels()
+{
+    QStringList labels;
+    for (const char* base : {"One Cycle RMS [", "One Cycle Mean ["}) {
+        for (int n = 0; n <= 17; ++n)
+            labels << QString::fromLatin1(base) + QString::number(n) + QLatin1Char(']');
+    }
+    labels << QStringLiteral("Period Count") << QStringLiteral("Cycle Completed Count")
+           << QStringLiteral("Ref Sample Index") << QStringLiteral("Abs Sample Index")
+           << QStringLiteral("HSI Transitions") << QStringLiteral("HSI States")
+           << QStringLiteral("DSP Runtime Type") << QStringLiteral("DSP Runtime Version")
+           << QStringLiteral("DSP Runtime ID") << QStringLiteral("Voltage RMS Sag Flags")
+           << QStringLiteral("Voltage RMS Surge Flags") << QStringLiteral("Voltage Waveshape Flags")
+           << QStringLiteral("Transient Pos Overrange Flags")
+           << QStringLiteral("Transient Neg Overrange Flags");
+    for (const char* base :
+         {"Transient Pos Max Sample Index [", "Transient Pos Max Sample Value [",
+          "Transient Pos Max Sample Duration [", "Transient Neg Max Sample Index [",
+          "Transient Neg Max Sample Value [", "Transient Neg Max Sample Duration ["}) {
+        for (int n = 0; n <= 17; ++n)
+            labels << QString::fromLatin1(base) + QString::number(n) + QLatin1Char(']');
+    }
+    labels << QStringLiteral("Current RMS Sag Flags") << QStringLiteral("Current RMS Surge Flags")
+           << QStringLiteral("Current COR Flags") << QStringLiteral("Voltage RMS Sag Transitions")
+           << QStringLiteral("Voltage RMS Surge Transitions")
+           << QStringLiteral("Current RMS Sag Transitions")
+           << QStringLiteral("Current RMS Surge Transitions");
+    return labels;
+}
+
+} // namespace
+
+int CsvCaptureFile::load(const QString& path, int sampleRate, int sampleCount,
+                         const Progress& progress, const clsCSVParser::Dial& dial)
+{
+    m_parser = clsCSVParser();
+    m_parser.DialObject(dial);
+    QElapsedTimer clock;
+    clock.start();
+    const int result = m_parser.import_File(path);
+    m_loadSeconds = QString::number(double(clock.elapsed()) / 1000.0, 'f', 3);
+    if (result < 0)
+        return result;
+
+    const QString first = m_parser.Get_Line(0) ? m_parser.Get_Line(0)->Token(0) : QString();
+    m_transient = !first.contains(QLatin1String("Waveform"), Qt::CaseInsensitive) &&
+                  first.contains(QLatin1String("Transient"), Qt::CaseInsensitive);
+    readChannels(progress);
+    tell(progress, userText("501022", "Reading the Trigger Time Count"));
+    m_triggerTimeCounter = m_parser.Get_Token_Value(QStringLiteral("Trigger Time Counter")).toInt();
+    tell(progress, userText("501023", "Reading the Trigger Timing Point"));
+    readTimingPoint(sampleRate, sampleCount);
+    m_blocks.clear();
+    if (m_transient)
+        readTransientBlocks();
+    readResults();
+    m_factors = AdcBlockFactors();
+    m_factors.read(m_parser);
+    readLineToLineRows();
+    return result;
+}
+
+void CsvCaptureFile::readChannels(const Progress& progress)
+{
+    m_channelIds.fill(-1);
+    m_channelNames.fill(QString());
+    tell(progress, userText("501020", "Reading the total number of channels"));
+    int row = 0;
+    int col = 0;
+    m_channelCount = 0;
+    if (!m_parser.Find_Token(QStringLiteral("Num Channels"), row, col))
+        return;
+    m_channelCount = qBound(0, m_parser.Get_Line(row)->Token(col + 1).toInt(), maxChannels);
+    tell(progress, userText("501021", "Reading the channel Ids"));
+    for (int c = 0; c < m_channelCount; ++c) {
+        const clsCSVLine* line = m_parser.Get_Line(row + 1 + c);
+        if (clsCSVParser::isLineNothing(line))
+            break;
+        m_channelNames[c] = line->Token(col + 1);
+        const QString upper = m_channelNames[c].toUpper();
+        for (int id = 0; id <= maxChannelId; ++id) {
+            if (upper.contains(QStringLiteral("[ID:%1]").arg(id))) {
+                m_channelIds[c] = id;
+                break;
+            }
+        }
+    }
+}
+
+void CsvCaptureFile::readTimingPoint(int sampleRate, int sampleCount)
+{
+    m_timingPT = 0;
+    int marker = 0;
+    int col = 0;
+    if (!m_parser.Find_Token(QStringLiteral("**WaveSample****"), marker, col))
+        return;
+    int r = marker + 1;
+    while (r - marker < sampleCount) {
+        int hit = 0;
+        if (!m_parser.Find_Token(QStringLiteral("Samples Transfer Time Counter"), hit, col, 0, r))
+            return;
+        if (m_parser.Get_Line(hit)->Token(col + 1).toInt() == m_triggerTimeCounter) {
+            const int block = hit - (marker + 1) - 1;
+            m_timingPT = static_cast<qint32>(sampleRate / 4.0 - 1.0 + block);
+            return;
+        }
+        r = hit + 1;
+    }
+}
+
+void CsvCaptureFile::readTransientBlocks()
+{
+    int start = 0;
+    int col = 0;
+    if (!m_parser.Find_Token(QStringLiteral("Transient Details Blocks"), start, col))
+        return;
+    int blockRow = 0;
+    if (!m_parser.Find_Token(QStringLiteral("Block 0"), blockRow, col, 0, start))
+        return;
+    for (int b = 0; b < maxTransientBlocks; ++b) {
+        // A block's rows end where the next block starts, so that a row missing from one block
+        // is not taken from the next.
+        int nextRow = 0;
+        const bool hasNext =
+            b + 1 < maxTransientBlocks &&
+            m_parser.Find_Token(QStringLiteral("Block %1").arg(b + 1), nextRow, col, 0, blockRow);
+        const int endRow = hasNext ? nextRow - 1 : 0;
+        const auto cells = [&](const char* label, int count) {
+            int row = 0;
+            int c = 0;
+            QStringList values;
+            if (m_parser.Find_Token(QString::fromLatin1(label), row, c, 0, blockRow, endRow)) {
+                for (int k = 1; k <= count; ++k)
+                    values << m_parser.Get_Line(row)->Token(c + k);
+            }
+            return values;
+        };
+        const auto flag = [&](const char* label, QString& out) {
+            const QStringList values = cells(label, 1);
+            if (!values.isEmpty())
+                out = withoutApostrophe(values.first());
+        };
+        const auto phases = [&](const char* label, std::array<qint32, 3>& out) {
+            const QStringList values = cells(label, 3);
+            for (int p = 0; p < values.size(); ++p)
+                out[p] = values.at(p).toInt();
+        };
+        TransientBlock block;
+        const QStringList counter = cells("DSP Transfer Time Counter", 1);
+        block.dspTransferTimeCounter = counter.isEmpty() ? 0.0 : counter.first().toDouble();
+        flag("HSI_TRANSITION", block.hsiTransition);
+        flag("HSI_VALUE_CURRENT", block.hsiValueCurrent);
+        flag("HSI_VALUE_PREVIOUS", block.hsiValuePrevious);
+        flag("Trans Pos Side Overrange pt flag", block.posOverrangeFlag);
+        flag("Trans Neg Side Overrange pt flag", block.negOverrangeFlag);
+        phases("Max Tran +Pk Sample Index", block.maxPosIndex);
+        phases("Max Tran -Pk Sample Index", block.maxNegIndex);
+        phases("Max Tran +Pk Sample Value", block.maxPosValue);
+        phases("Max Tran -Pk Sample Value", block.maxNegValue);
+        phases("Max Tran +Pk Sample Duration", block.maxPosDuration);
+        phases("Max Tran -Pk Sample Duration", block.maxNegDuration);
+        m_blocks << block;
+        if (!hasNext)
+            return;
+        blockRow = nextRow;
+    }
+}
+
+void CsvCaptureFile::readResults()
+{
+    static const QStringList labels = resultLabels();
+    m_results.clear();
+    for (const QString& label : labels) {
+        int row = 0;
+        int col = 0;
+        if (!m_parser.Find_Token(label, row, col))
+            continue;
+        const clsCSVLine* line = m_parser.Get_Line(row);
+        ResultRow result{label, {}};
+        for (int t = col + 1; t < line->Token_Count(); ++t)
+            result.values << line->Token(t);
+        m_results << result;
+    }
+}
+
+void CsvCaptureFile::readLineToLineRows()
+{
+    m_lineToLine.fill(false);
+    int row = 0;
+    int col = 0;
+    if (!m_parser.Find_Token(QStringLiteral("DSP RMS Block Transfer"), row, col))
+        return;
+    const clsCSVLine* line = m_parser.Get_Line(row + 2);
+    if (clsCSVParser::isLineNothing(line))
+        return;
+    for (int k = 0; k < 16; ++k) {
+        const QString cell = line->Token(col + 2 + k);
+        const qsizetype at = cell.indexOf(QLatin1String("id:"), 0, Qt::CaseInsensitive);
+        if (at < 0)
+            continue;
+        const int id = cell.mid(at + 3).trimmed().toInt();
+        if (id >= 77 && id <= 79)
+            m_lineToLine[id - 77] = true;
+    }
+}
+
+QStringList CsvCaptureFile::result(const QString& label) const
+{
+    for (const ResultRow& row : m_results) {
+        if (row.label == label)
+            return row.values;
+    }
+    return {};
+}
+
+QVector<float> CsvCaptureFile::timeAxis(bool transient, int sampleRate, int count)
+{
+    const double base = 1.0 / 61440.0;
+    const double step = transient || sampleRate <= 0 ? base : base * (1024.0 / sampleRate);
+    QVector<float> axis(qMax(0, count));
+    for (int i = 0; i < axis.size(); ++i)
+        axis[i] = QString::number(i * step * 1000.0, 'f', 3).toFloat();
+    return axis;
+}
+
+void CsvCaptureFile::loadSamples(const WaveformRecord& record, WaveformChannels& channels,
+                                 const Progress& progress) const
+{
+    const int count = record.sampleCount;
+    channels.resize(count);
+    channels.recorded.fill(false);
+    channels.time = timeAxis(m_transient, record.sampleRate, count);
+
+    int row = 0;
+    int col = 0;
+    if (!m_parser.Find_Token(QStringLiteral("Waveform Samples Start"), row, col))
+        return;
+    const AdcBlockFactors::Ratios ratios{
+        AdcBlockFactors::ratio(record.ptCtRatio[0]), AdcBlockFactors::ratio(record.ptCtRatio[1]),
+        AdcBlockFactors::ratio(record.ptCtRatio[2]), AdcBlockFactors::ratio(record.ptCtRatio[3])};
+    int nextAnalog = 0;
+    QStringList cells;
+    for (int k = 0; k < m_channelCount; ++k) {
+        tell(progress, userText("501024", "Reading in the waveform samples for channel ") +
+                           m_channelNames.at(k));
+        if (m_parser.getColumn(col + 4 + k, row + 1, count, cells, false) < count)
+            continue;
+        if (m_channelNames.at(k).contains(QLatin1String(" 80 "))) {
+            for (int i = 0; i < count; ++i) {
+                const int status = cells.at(i).toInt();
+                for (int input = 0; input < 8; ++input)
+                    channels.samples[WaveformChannels::Input1 + input][i] =
+                        float(((status >> input) & 1) + 2 * input);
+            }
+            for (int input = 0; input < 8; ++input)
+                channels.recorded[WaveformChannels::Input1 + input] = true;
+            continue;
+        }
+        if (nextAnalog >= WaveformChannels::analogCount)
+            continue;
+        const double scale = m_factors.sampleScale(m_channelIds.at(k), ratios);
+        QVector<float>& target = channels.samples[nextAnalog];
+        for (int i = 0; i < count; ++i)
+            target[i] = float(cells.at(i).toDouble() * scale);
+        channels.recorded[nextAnalog] = true;
+        ++nextAnalog;
+    }
+}
+
+} // namespace lorvane

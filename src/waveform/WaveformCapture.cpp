@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WaveformCapture.h"
+
+#include "CsvCaptureFile.h"
+#include "SamplePlacement.h"
+#include "WaveformRecordLoader.h"
+#include "platform/StorageError.h"
+#include "platform/UserText.h"
+
+namespace lorvane {
+
+bool WaveformCapture::open(SqliteDatabase& scratch, const QueryNumbers& numbers, qint32 recCounter,
+                           const Progress& progress)
+{
+    const auto tell = [&](const QString& text) {
+        if (progress)
+            progress(text);
+    };
+    m_scratch = &scratch;
+    m_numbers = numbers;
+    m_record = WaveformRecord();
+    m_channels = WaveformChannels();
+    m_csv.reset();
+    m_failure = Failure::None;
+    m_message.clear();
+    const auto fail = [&](Failure failure, const QString& message) {
+        m_record = WaveformRecord();
+        m_channels = WaveformChannels();
+        m_csv.reset();
+        m_failure = failure;
+        m_message = message;
+        return false;
+    };
+    try {
+        tell(userText("501010", "Reading the Waveform data file"));
+        WaveformRecordLoader loader(scratch, numbers);
+        if (!loader.LoadWaveformRecord(m_record, true, recCounter))
+            return fail(Failure::RecordMissing,
+                        userText("501002", "There is no waveform record %1 in this query.")
+                            .arg(recCounter));
+        tell(userText("501011", "Reading in the waveform properties"));
+        if (m_record.deviceTypeId == 5) {
+            auto csv = std::make_shared<CsvCaptureFile>();
+            const int read =
+                csv->load(m_record.csvPath, m_record.sampleRate, m_record.sampleCount, progress);
+            if (read == clsCSVParser::emptyOrMissing)
+                return fail(Failure::FileMissing,
+                            userText("501001", "File Error: The file ") + m_record.csvPath +
+                                userText("501003", " has a length of zero or does not exist at "
+                                                   "the specified location"));
+            if (read < 0)
+                return fail(Failure::FileMissing,
+                            userText("501004", "File Error: The file %1 could not be read.")
+                                .arg(m_record.csvPath));
+            m_record.timingPT = csv->timingPT();
+            csv->loadSamples(m_record, m_channels, progress);
+            m_channels.labels = SamplePlacement::labels(m_record);
+            m_csv = std::move(csv);
+        } else {
+            loader.LoadDatabaseSamples(0, 0, m_record, m_channels);
+        }
+        tell(userText("501012", "Retrieving Waveform Properties Part 2"));
+        return true;
+    } catch (const StorageError& error) {
+        return fail(Failure::Storage, QString::fromUtf8(error.what()));
+    }
+}
+
+bool WaveformCapture::loadAdjacent(int direction, int loadChannel, WaveformChannels& channels) const
+{
+    const bool has = direction == 0 ? m_record.hasNext1 : m_record.hasNext2;
+    if (!isOpen() || !m_scratch || !has || loadChannel < 0 ||
+        loadChannel >= WaveformChannels::analogCount)
+        return false;
+    WaveformRecord partial = m_record;
+    partial.loadChannel = qint16(loadChannel);
+    channels.resize(m_record.sampleCount);
+    channels.time = m_channels.time;
+    channels.labels = m_channels.labels;
+    channels.recorded.fill(false);
+    WaveformRecordLoader(*m_scratch, m_numbers)
+        .LoadDatabaseSamples(1, direction, partial, channels);
+    return true;
+}
+
+} // namespace lorvane
