@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "SpectrumRecord.h"
+
+#include <QString>
+#include <functional>
+#include <vector>
+
+namespace lorvane {
+
+/// The table-driven quadratic discrete Fourier transform of real samples. Its numbers are part
+/// of the behaviour: pi is the literal 3.14159265, the angle step is held in single precision
+/// and the tables are built from that rounded step. The spectrum paths use `HarmonicSpectrum`;
+/// this transform is the reference they must agree with.
+class DftMagnitudes
+{
+public:
+    /// Told after each bin: `done` bins of `count` finished. A non-empty `caption` is a new
+    /// progress text ("Calculating DFT" at the start, "Calculating DFT: k/count" every fifth
+    /// bin); only then may the receiver pump pending window events.
+    using Progress = std::function<void(int done, int count, const QString& caption)>;
+
+    /// Transforms `input[1..count]` (only `real` is read) into `output[1..count]`: `real` and
+    /// `imag` are accumulated, so the caller passes zeroed records, and `magnitude` becomes
+    /// |X[k - 1]| / count. Both vectors need at least count + 1 elements. Returns 0 when done;
+    /// returns 1 with nothing done when count <= 0, a vector is too short, or a transform is
+    /// already running in this process (a pumped event that asks for a second one).
+    static int compute(const std::vector<SpectrumRecord>& input,
+                       std::vector<SpectrumRecord>& output, int count,
+                       const Progress& progress = {});
+};
+
+} // namespace lorvane
