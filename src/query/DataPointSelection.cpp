@@ -72,6 +72,16 @@ void DataPointSelection::loadDefaults(const DefaultSelection& defaults, bool def
     m_valid = defaultsPresent;
 }
 
+void DataPointSelection::setIds(const QList<qint32>& ids)
+{
+    m_ids.fill(0);
+    m_names.fill(QString());
+    const auto used = std::min<qsizetype>(ids.size(), rows);
+    for (qsizetype row = 0; row < used; ++row)
+        m_ids[static_cast<size_t>(row)] = ids[row];
+    m_valid = true;
+}
+
 QList<DataPointRow>
 DataPointSelection::available(const QList<LogFileEntry>& expandedFiles, SqliteDatabase& dictionary,
                               bool technician, const QList<QPair<qint64, QString>>& userItemLabels)

@@ -44,6 +44,9 @@ public:
     /// Fills the table from the stored defaults; valid when `defaultsPresent` (the setting
     /// that says default data points exist). Names are empty until the dialog opens.
     void loadDefaults(const DefaultSelection& defaults, bool defaultsPresent);
+    /// Fills the table from the first row with `ids` (at most 128, the rest unused) and makes
+    /// it valid, as a start command that names its channels does. Names stay empty.
+    void setIds(const QList<qint32>& ids);
 
     /// The available list of the dialog, from `DataPoints` of every used file of the expanded
     /// list: sorted by id, ids below 1 and repeats dropped, named from the dictionary (ids
