@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QLocalServer;
+
+namespace lorvane {
+
+/// The request channel between copies of the program of one user: the first copy listens on
+/// a local socket named after the user, a later copy hands it its command text and ends.
+class SingleInstanceChannel : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// A channel on the socket `name` (`defaultName()` for the program).
+    explicit SingleInstanceChannel(QString name, QObject* parent = nullptr);
+    ~SingleInstanceChannel() override;
+
+    /// The socket name of this user's copies.
+    static QString defaultName();
+    /// Sends `command` to the copy listening on `name`; false when none answers in time.
+    static bool send(const QString& name, const QString& command, int timeoutMs = 3000);
+    /// Starts listening; false when another copy already listens (or the socket cannot be
+    /// made). A name left behind by a crashed copy is taken over.
+    bool listen();
+    const QString& name() const { return m_name; }
+
+signals:
+    /// A command text arrived; `accepted` is the answer given back to the sender.
+    void commandReceived(const QString& command, bool& accepted);
+
+private:
+    void readConnection();
+
+    QString m_name;
+    QLocalServer* m_server = nullptr;
+};
+
+} // namespace lorvane
