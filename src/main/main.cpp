@@ -1,16 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// lorvane: the desktop viewer. Exit codes: 0 after the main frame was closed, 1 when the
-// dictionary could not be read at start (four beeps, no window), 2 when no display is there.
+// lorvane: the desktop viewer. Exit codes: 0 after the main frame was closed, or after a
+// database was handed to a copy already running; 1 when the dictionary could not be read at
+// start (four beeps, no window), 2 when no display is there.
+#include "app/CommandLine.h"
+#include "app/OpenLogRequest.h"
 #include "app/RunContext.h"
 #include "app/StartupSequence.h"
 #include "app/ui/LorvaneStartupHost.h"
+#include "app/ui/TalLorvane.h"
+#include "platform/SystemFolder.h"
+#include "platform/ui/DialogMessages.h"
+#include "platform/ui/SingleInstanceChannel.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QStringList>
 #include <cstdio>
 
 namespace {
 
+constexpr int exitHandedOver = 0;
 constexpr int exitDictionaryFailure = 1;
 constexpr int exitNoDisplay = 2;
 
@@ -46,12 +55,28 @@ int main(int argc, char* argv[])
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lorvane"));
+    lorvane::DialogMessages messages(QStringLiteral("Lorvane"));
+    lorvane::installUserMessages(&messages);
+
+    const QString commandLine = commandLineText(QApplication::arguments().mid(1));
+    lorvane::SingleInstanceChannel channel(
+        lorvane::SingleInstanceChannel::defaultName(lorvane::SystemFolder::path()));
+    // A database named while a copy runs is opened there; this copy ends at once.
+    const QString path = lorvane::CommandLine::parse(commandLine, QDate::currentDate()).path;
+    if (!path.isEmpty() &&
+        lorvane::SingleInstanceChannel::send(
+            channel.name(), lorvane::OpenLogRequest::command(QDir(path).absolutePath())))
+        return exitHandedOver;
 
     lorvane::RunContext context;
     lorvane::LorvaneStartupHost host;
     lorvane::StartupSequence startup(host, context);
-    const QString commandLine = commandLineText(QApplication::arguments().mid(1));
     if (startup.run(commandLine) == lorvane::StartupSequence::Outcome::StoppedByDictionary)
         return exitDictionaryFailure;
-    return QApplication::exec();
+    // The first copy serves the later ones; a further copy without a file runs on its own.
+    if (channel.listen())
+        host.mainFrame()->attachChannel(channel);
+    const int code = QApplication::exec();
+    lorvane::installUserMessages(nullptr);
+    return code;
 }

@@ -1,19 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QList>
 #include <QMainWindow>
 
+class QAction;
+class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
+class QMenu;
+class QTimer;
 
 namespace lorvane {
 
 class AllLogsFrm;
+class SingleInstanceChannel;
+class TalHistView;
 struct RunContext;
 
-/// The one top-level window: a frame of child windows with a status bar. Its load clears the
-/// scratch files that earlier runs left behind; its close is the only way the program ends,
-/// and it closes the dictionary and the scratch database and deletes the scratch file.
+/// The one top-level window: a frame of child windows with the menus, a status bar and the
+/// request channel of later copies. Its menus forward to the buttons of the selection window;
+/// its load clears the scratch files that earlier runs left behind; its close is the only way
+/// the program ends, and it closes the dictionary and the scratch database and deletes the
+/// scratch file.
 class TalLorvane : public QMainWindow
 {
     Q_OBJECT
@@ -21,20 +30,72 @@ class TalLorvane : public QMainWindow
 public:
     /// Loads the frame over the run context filled by start-up; the context must outlive it.
     explicit TalLorvane(RunContext& context, QWidget* parent = nullptr);
+    ~TalLorvane() override;
 
-    /// Shows the frame with the selection window inside it.
+    /// Shows the frame with the selection window inside it; the first time, the start command
+    /// and the printer check follow as soon as the event loop runs.
     void showSelectionWindow();
 
     QMdiArea* mdiArea() const { return m_mdiArea; }
     AllLogsFrm* selectionWindow() const { return m_selection; }
+    TalHistView* gridWindow() const { return m_grid; }
+    QMdiSubWindow* gridSubWindow() const { return m_gridWindow; }
     /// Stale scratch files deleted at load.
     int removedScratchFiles() const { return m_removedScratchFiles; }
+    /// The first activation (printer check, start command) has run.
+    bool activated() const { return m_activated; }
+
+    /// The entries of "&Select Data" (0 to 3) and "&View Data" (0 to 12), by index.
+    const QList<QAction*>& selectDataActions() const { return m_selectActions; }
+    const QList<QAction*>& viewDataActions() const { return m_viewActions; }
+    /// "Export to &PQDIF" of "&Tools".
+    QAction* exportPqdifAction() const { return m_exportPqdif; }
+    /// "&Waveform Display" of "&Edit": disabled until the waveform settings window is wired
+    /// to it.
+    QAction* waveformDisplayAction() const { return m_waveformDisplay; }
+    /// The texts of the two status panes.
+    QString statusText(int pane) const;
+
+    /// Listens to later copies on `channel` (kept by reference).
+    void attachChannel(SingleInstanceChannel& channel);
+    /// An incoming command: refused (false) when empty or while another is pending or
+    /// running; else kept for the request timer.
+    bool acceptCommand(const QString& command);
+    /// The request timer's tick: runs the pending command, then brings the frame to the front
+    /// when it opened a log.
+    void DDETimer_Timer();
+    /// A command is pending or running.
+    bool commandBusy() const { return m_busy || !m_pendingCommand.isEmpty(); }
+    /// Runs a start command: opens its database as meter 1, sets its time range and channels
+    /// and presses the button of its view.
+    void applyCommandLine(const QString& text);
+
+    /// Opens the user guide at `topic`; without the page it says that there is no help.
+    void showHelp(const QString& topic);
+    /// Opens "About QLM Lorvane".
+    void showAbout();
+    /// Opens "System Properties".
+    void showSystemProperties();
+    /// "Cl&ose All": closes every child window but the selection window.
+    void closeAllChildren();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void buildMenus();
+    void buildStatusBar();
+    void createChildren();
+    void firstActivation();
+    void checkPrinter();
+    void mirrorViewButtons();
+    void showGrid();
+    void backToSelection();
+    void fillWindowList(QMenu* menu);
+    void arrangeIcons();
+    /// Opens `path` as meter 1 as a manual selection does; "Cannot find" when it is missing.
+    bool openAsMeterOne(const QString& path);
     /// Child views always fill the frame's inner area.
     void fillWithChildren();
 
@@ -42,6 +103,18 @@ private:
     QMdiArea* m_mdiArea = nullptr;
     AllLogsFrm* m_selection = nullptr;
     QMdiSubWindow* m_selectionWindow = nullptr;
+    TalHistView* m_grid = nullptr;
+    QMdiSubWindow* m_gridWindow = nullptr;
+    QList<QAction*> m_selectActions;
+    QList<QAction*> m_viewActions;
+    QAction* m_exportPqdif = nullptr;
+    QAction* m_waveformDisplay = nullptr;
+    QList<QLabel*> m_statusPanes;
+    QTimer* m_ddeTimer = nullptr;
+    QString m_pendingCommand;
+    bool m_busy = false;
+    bool m_activated = false;
+    bool m_activationQueued = false;
     int m_removedScratchFiles = 0;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SingleInstanceChannel.h"
 
+#include <QCryptographicHash>
 #include <QDataStream>
 #include <QLocalServer>
 #include <QLocalSocket>
@@ -21,12 +22,14 @@ SingleInstanceChannel::SingleInstanceChannel(QString name, QObject* parent)
 
 SingleInstanceChannel::~SingleInstanceChannel() = default;
 
-QString SingleInstanceChannel::defaultName()
+QString SingleInstanceChannel::defaultName(const QString& systemFolder)
 {
     QString user = qEnvironmentVariable("USER");
     if (user.isEmpty())
         user = qEnvironmentVariable("USERNAME");
-    return QStringLiteral("lorvane-requests-") + user;
+    const QByteArray folder =
+        QCryptographicHash::hash(systemFolder.toUtf8(), QCryptographicHash::Sha1).toHex().left(12);
+    return QStringLiteral("lorvane-requests-") + user + u'-' + QString::fromLatin1(folder);
 }
 
 bool SingleInstanceChannel::send(const QString& name, const QString& command, int timeoutMs)

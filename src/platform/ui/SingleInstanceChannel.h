@@ -15,12 +15,13 @@ class SingleInstanceChannel : public QObject
     Q_OBJECT
 
 public:
-    /// A channel on the socket `name` (`defaultName()` for the program).
+    /// A channel on the socket `name` (`defaultName` for the program).
     explicit SingleInstanceChannel(QString name, QObject* parent = nullptr);
     ~SingleInstanceChannel() override;
 
-    /// The socket name of this user's copies.
-    static QString defaultName();
+    /// The socket name of this user's copies of the installation in `systemFolder`: copies of
+    /// two installations are two programs and do not talk.
+    static QString defaultName(const QString& systemFolder);
     /// Sends `command` to the copy listening on `name`; false when none answers in time.
     static bool send(const QString& name, const QString& command, int timeoutMs = 3000);
     /// Starts listening; false when another copy already listens (or the socket cannot be
