@@ -11,7 +11,7 @@ namespace lorvane {
 
 namespace {
 
-constexpr int serverReadMs = 2000;
+constexpr int probeMs = 500;
 
 } // namespace
 
@@ -53,12 +53,17 @@ bool SingleInstanceChannel::listen()
 {
     if (m_server)
         return true;
-    if (send(m_name, QString(), 500))
+    // Any copy that takes the connection counts, even one too busy to answer right now.
+    QLocalSocket probe;
+    probe.connectToServer(m_name);
+    if (probe.waitForConnected(probeMs)) {
+        probe.abort();
         return false;
+    }
     auto* server = new QLocalServer(this);
     server->setSocketOptions(QLocalServer::UserAccessOption);
     if (!server->listen(m_name)) {
-        // Nobody answered: the socket file is a crashed copy's leftover.
+        // Nobody took the connection: the socket file is a crashed copy's leftover.
         QLocalServer::removeServer(m_name);
         if (!server->listen(m_name)) {
             delete server;
@@ -66,37 +71,34 @@ bool SingleInstanceChannel::listen()
         }
     }
     m_server = server;
-    connect(m_server, &QLocalServer::newConnection, this, &SingleInstanceChannel::readConnection);
+    connect(m_server, &QLocalServer::newConnection, this, &SingleInstanceChannel::takeConnections);
     return true;
 }
 
-void SingleInstanceChannel::readConnection()
+void SingleInstanceChannel::takeConnections()
 {
     while (QLocalSocket* socket = m_server->nextPendingConnection()) {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        QDataStream in(socket);
-        QString command;
-        // A command is small; a sender that stalls is dropped without an answer.
-        while (true) {
-            in.startTransaction();
-            in >> command;
-            if (in.commitTransaction())
-                break;
-            if (!socket->waitForReadyRead(serverReadMs)) {
-                socket->abort();
-                command.clear();
-                break;
-            }
-        }
-        if (socket->state() != QLocalSocket::ConnectedState)
-            continue;
-        bool accepted = false;
-        if (!command.isEmpty())
-            emit commandReceived(command, accepted);
-        QDataStream out(socket);
-        out << accepted;
-        socket->flush();
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readCommand(socket); });
+        readCommand(socket);
     }
+}
+
+void SingleInstanceChannel::readCommand(QLocalSocket* socket)
+{
+    QDataStream in(socket);
+    in.startTransaction();
+    QString command;
+    in >> command;
+    // The rest of a command still on its way comes with the next readyRead.
+    if (!in.commitTransaction())
+        return;
+    bool accepted = false;
+    if (!command.isEmpty())
+        emit commandReceived(command, accepted);
+    QDataStream out(socket);
+    out << accepted;
+    socket->flush();
 }
 
 } // namespace lorvane

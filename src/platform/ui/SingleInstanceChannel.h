@@ -5,6 +5,7 @@
 #include <QString>
 
 class QLocalServer;
+class QLocalSocket;
 
 namespace lorvane {
 
@@ -34,7 +35,8 @@ signals:
     void commandReceived(const QString& command, bool& accepted);
 
 private:
-    void readConnection();
+    void takeConnections();
+    void readCommand(QLocalSocket* socket);
 
     QString m_name;
     QLocalServer* m_server = nullptr;

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "../ScopedEnvironment.h"
+#include "../TemporaryInstallation.h"
+#include "app/RunContext.h"
+#include "app/StartupSequence.h"
+#include "app/ui/AboutLorvane.h"
+#include "app/ui/AllLogsFrm.h"
+#include "app/ui/LorvaneStartupHost.h"
+#include "app/ui/TalLorvane.h"
+#include "gridview/ui/TalHistView.h"
+#include "platform/SystemFolder.h"
+#include "platform/UserMessages.h"
+#include "platform/ui/SingleInstanceChannel.h"
+#include "support/TestEnvironment.h"
+#include "support/TestMeters.h"
+#include "support/ui/Screenshot.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QProcess>
+#include <functional>
+#include <gtest/gtest.h>
+
+using lorvane::RecordedMessages;
+using lorvane::TalLorvane;
+using lorvane::test::ScopedEnvironment;
+using lorvane::test::TemporaryInstallation;
+
+namespace {
+
+/// Serves events until `done` holds or `timeoutMs` passed; no fixed waits.
+bool waitFor(const std::function<bool()>& done, int timeoutMs = 30000)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!done() && clock.elapsed() < timeoutMs)
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+    return done();
+}
+
+bool messageContains(const RecordedMessages& messages, const QString& part)
+{
+    for (const QString& text : messages.texts()) {
+        if (text.contains(part))
+            return true;
+    }
+    return false;
+}
+
+/// A temporary installation with the delivered scratch template and dictionary, a simulated
+/// meter beside it, and the program started over it with a command line.
+class FrameRun
+{
+public:
+    FrameRun()
+    {
+        m_installation.writePathsFile();
+        replaceWith(m_installation.dataFolder() + "/Resource/LorvaneTempQuery.DB",
+                    lorvane::test::dataFolder() + "/Resource/LorvaneTempQuery.DB");
+        replaceWith(m_installation.systemFolder() + "/QLMNameList.DB",
+                    lorvane::test::programPath("QLMNameList.DB"));
+        m_env.set("LORVANE_SYSTEM_DIR", m_installation.systemFolder());
+        m_env.set("XDG_CONFIG_HOME", m_installation.root() + "/config");
+        m_env.set("XDG_CONFIG_DIRS", m_installation.root() + "/config-system");
+        m_env.unset("LORVANE_REG_SOFTWARE_INI_PATH");
+        m_meter = m_installation.root() + "/Meter 1.DB";
+    }
+
+    ~FrameRun()
+    {
+        if (TalLorvane* frame = m_host.mainFrame())
+            frame->close();
+    }
+
+    const TemporaryInstallation& installation() const { return m_installation; }
+    const QString& meterPath() const { return m_meter; }
+    RecordedMessages& messages() { return m_messages; }
+    lorvane::RunContext& context() { return m_context; }
+
+    bool simulateMeter()
+    {
+        return lorvane::test::simulate(QStringList{"--out", m_meter} +
+                                       lorvane::test::smallMeterArguments());
+    }
+
+    /// Starts the frame and lets its first activation run.
+    TalLorvane* start(const QString& commandLine)
+    {
+        if (lorvane::StartupSequence(m_host, m_context).run(commandLine) !=
+            lorvane::StartupSequence::Outcome::Running)
+            return nullptr;
+        TalLorvane* frame = m_host.mainFrame();
+        if (!waitFor([frame] { return frame->activated(); }))
+            return nullptr;
+        return frame;
+    }
+
+private:
+    static void replaceWith(const QString& target, const QString& source)
+    {
+        QFile::remove(target);
+        ASSERT_TRUE(QFile::copy(source, target)) << source.toStdString();
+    }
+
+    TemporaryInstallation m_installation;
+    ScopedEnvironment m_env;
+    QString m_meter;
+    RecordedMessages m_messages;
+    lorvane::ScopedUserMessages m_scopedMessages{m_messages};
+    lorvane::RunContext m_context;
+    lorvane::LorvaneStartupHost m_host;
+};
+
+QStringList texts(const QList<QAction*>& actions)
+{
+    QStringList result;
+    for (const QAction* action : actions)
+        result << action->text();
+    return result;
+}
+
+} // namespace
+
+TEST(FrameWindows, MenusForwardToTheSelectionWindowAndMirrorItsButtons)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    TalLorvane* frame = run.start(QString());
+    ASSERT_NE(frame, nullptr);
+
+    QStringList menus;
+    for (const QAction* menu : frame->menuBar()->actions())
+        menus << menu->text();
+    EXPECT_EQ(menus, QStringList({"&File", "&Edit", "&Select Data", "&View Data", "&Tools",
+                                  "&Windows", "&Help"}));
+    EXPECT_EQ(texts(frame->selectDataActions()),
+              QStringList({"Meter &1", "Meter &2", "&Data Points", "&Time Range"}));
+    EXPECT_EQ(texts(frame->viewDataActions()),
+              QStringList({"Database Status", "Snapshots", "Energy && Demand", "Limits", "Waveform",
+                           "Power Quality", "Vex*Grid Reports", "Status Change (Inputs)",
+                           "Control Output (Relays)", "PQDIF Format", "Energy Billing Module",
+                           "Flicker", "System Event"}));
+    EXPECT_FALSE(frame->waveformDisplayAction()->isEnabled());
+
+    // "Meter &1" presses selection button 0, which asks for a file.
+    lorvane::AllLogsFrm* selection = frame->selectionWindow();
+    QList<int> asked;
+    selection->chooseMeterFile = [&](int meterIndex) {
+        asked << meterIndex;
+        return QString();
+    };
+    frame->selectDataActions()[1]->trigger();
+    frame->selectDataActions()[0]->trigger();
+    EXPECT_EQ(asked, QList<int>({1, 0}));
+
+    // No meter: nothing to view.
+    for (int index = 0; index < 13; ++index)
+        EXPECT_EQ(frame->viewDataActions()[index]->isEnabled(),
+                  selection->viewButtonEnabled(index));
+
+    // A meter opened: the menu follows the buttons it enabled.
+    ASSERT_TRUE(selection->openMeterFile(run.meterPath(), 0));
+    bool anyEnabled = false;
+    for (int index = 0; index < 13; ++index) {
+        EXPECT_EQ(frame->viewDataActions()[index]->isEnabled(), selection->viewButtonEnabled(index))
+            << index;
+        anyEnabled = anyEnabled || selection->viewButtonEnabled(index);
+    }
+    EXPECT_TRUE(anyEnabled);
+    EXPECT_EQ(frame->exportPqdifAction()->isEnabled(), selection->viewButtonEnabled(9));
+    EXPECT_TRUE(lorvane::test::saveScreenshot(frame, "main-frame-menus"));
+
+    // "Database Status" shows the grid child with the status view; &Back and "Cl&ose All"
+    // return to the selection window.
+    frame->viewDataActions()[0]->trigger();
+    EXPECT_TRUE(frame->gridSubWindow()->isVisible());
+    EXPECT_EQ(frame->mdiArea()->activeSubWindow(), frame->gridSubWindow());
+    EXPECT_EQ(frame->gridWindow()->logKind(), 0);
+    emit frame->gridWindow()->backRequested();
+    EXPECT_FALSE(frame->gridSubWindow()->isVisible());
+    EXPECT_EQ(frame->mdiArea()->activeSubWindow()->widget(), selection);
+    frame->viewDataActions()[0]->trigger();
+    frame->closeAllChildren();
+    EXPECT_FALSE(frame->gridSubWindow()->isVisible());
+    EXPECT_TRUE(selection->isVisible());
+
+    // No guide installed in this installation: the help says so.
+    run.messages().clear();
+    frame->showHelp("Contents");
+    EXPECT_EQ(run.messages().texts(),
+              QStringList({"Unable to display Help Contents. There is no Help associated with "
+                           "this program."}));
+}
+
+TEST(FrameWindows, CommandLineOpensTheMeterWithItsRangeChannelsAndView)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    TalLorvane* frame = run.start("LOGID:2 FRT:030424000000 LRT:030524120000 CHA:21017,20617,abc "
+                                  "\"" +
+                                  run.meterPath() + "\"");
+    ASSERT_NE(frame, nullptr);
+    lorvane::AllLogsFrm* selection = frame->selectionWindow();
+    ASSERT_TRUE(selection->meters().device(0).used)
+        << run.messages().texts().join('\n').toStdString();
+    EXPECT_EQ(selection->timeSelection().option(), lorvane::TimeSelection::Between);
+    EXPECT_EQ(selection->timeSelection().startTime(), QDateTime(QDate(2024, 3, 4), QTime(0, 0)));
+    EXPECT_EQ(selection->timeSelection().endTime(), QDateTime(QDate(2024, 3, 5), QTime(12, 0)));
+    EXPECT_TRUE(selection->dataPoints().valid());
+    EXPECT_EQ(selection->dataPoints().usedIds(), QList<qint32>({21017, 20617}));
+    // LOGID 2 is the Snapshots button: the grid shows log kind 3.
+    EXPECT_TRUE(frame->gridSubWindow()->isVisible());
+    EXPECT_EQ(frame->gridWindow()->logKind(), 3);
+}
+
+TEST(FrameWindows, OpenLogRequestsAreTakenOneAtATime)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    TalLorvane* frame = run.start(QString());
+    ASSERT_NE(frame, nullptr);
+
+    EXPECT_FALSE(frame->acceptCommand(QString()));
+    EXPECT_TRUE(frame->acceptCommand("OPENLOG " + run.meterPath()));
+    // A second command while the first is pending is refused.
+    EXPECT_FALSE(frame->acceptCommand("OPENLOG /elsewhere/Other.DB"));
+    ASSERT_TRUE(waitFor([frame] { return !frame->commandBusy(); }));
+    EXPECT_TRUE(frame->selectionWindow()->meters().device(0).used);
+
+    run.messages().clear();
+    EXPECT_TRUE(frame->acceptCommand("OPENLOG /no/such/Meter.DB"));
+    ASSERT_TRUE(waitFor([frame] { return !frame->commandBusy(); }));
+    EXPECT_EQ(run.messages().texts(), QStringList({"Cannot find /no/such/Meter.DB"}));
+
+    // An unknown verb does nothing and says nothing.
+    run.messages().clear();
+    EXPECT_TRUE(frame->acceptCommand("CLOSELOG " + run.meterPath()));
+    ASSERT_TRUE(waitFor([frame] { return !frame->commandBusy(); }));
+    EXPECT_TRUE(run.messages().texts().isEmpty());
+}
+
+TEST(FrameWindows, ASecondCopyHandsItsFileToTheRunningFrame)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    TalLorvane* frame = run.start(QString());
+    ASSERT_NE(frame, nullptr);
+    lorvane::SingleInstanceChannel channel(
+        lorvane::SingleInstanceChannel::defaultName(lorvane::SystemFolder::path()));
+    ASSERT_TRUE(channel.listen());
+    frame->attachChannel(channel);
+    const QStringList scratchBefore = run.installation().scratchFiles();
+
+    QProcess second;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    second.setProcessEnvironment(environment);
+    second.start(lorvane::test::programPath("lorvane"), {run.meterPath()});
+    ASSERT_TRUE(waitFor([&] { return second.state() == QProcess::NotRunning; }))
+        << "the second copy did not end";
+    EXPECT_EQ(second.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(second.exitCode(), 0) << second.readAllStandardError().toStdString();
+
+    ASSERT_TRUE(waitFor([frame] {
+        return !frame->commandBusy() && frame->selectionWindow()->meters().device(0).used;
+    }));
+    // The second copy started nothing of its own.
+    EXPECT_EQ(run.installation().scratchFiles(), scratchBefore);
+
+    // A third listener on the same name is refused while this one serves.
+    lorvane::SingleInstanceChannel another(channel.name());
+    EXPECT_FALSE(another.listen());
+}
+
+TEST(FrameWindows, AboutShowsTheRunsFiles)
+{
+    FrameRun run;
+    TalLorvane* frame = run.start(QString());
+    ASSERT_NE(frame, nullptr);
+    frame->showAbout();
+    auto* about = frame->findChild<lorvane::AboutLorvane*>();
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(about->windowTitle(), "About QLM Lorvane");
+    const QStringList lines = about->lines();
+    ASSERT_EQ(lines.size(), 8);
+    EXPECT_EQ(lines[0], run.context().title);
+    EXPECT_TRUE(lines[1].endsWith(run.context().scratch->path()));
+    EXPECT_TRUE(lines[4].startsWith("Temp Query File Size: "));
+    EXPECT_TRUE(lines[4].endsWith("Bytes"));
+    EXPECT_TRUE(lines[6].startsWith("LorvaneTempQuery.DB Info: Version 8.6,  "));
+    EXPECT_TRUE(lorvane::test::saveScreenshot(about, "about"));
+    about->accept();
+}
