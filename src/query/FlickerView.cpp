@@ -4,18 +4,24 @@
 #include "FlickerGrid.h"
 #include "FlickerLoader.h"
 #include "MomentSnapshot.h"
+#include "QueryContext.h"
 #include "StatusView.h"
+#include "store/TempQueryDatabase.h"
 
 namespace lorvane {
 
 ViewResult FlickerView::run(QueryContext& context)
 {
-    return StatusView::run(
-        context, LogKind::Flicker, FlickerLoader::load,
-        [&context](SqliteDatabase& db, const QueryNumbers& numbers, const SortState& sort) {
-            return QList<GridTable>{MomentSnapshot::load(context, numbers),
-                                    FlickerGrid::fill(db, numbers, sort)};
-        });
+    return StatusView::run(context, LogKind::Flicker,
+                           StatusView::withMomentSnapshot(FlickerLoader::load),
+                           &FlickerView::grids);
+}
+
+QList<GridTable> FlickerView::grids(QueryContext& context, const QueryNumbers& numbers)
+{
+    return {MomentSnapshot::fill(context, numbers),
+            FlickerGrid::fill(context.scratch->database(), numbers,
+                              StatusView::sortState(context, LogKind::Flicker))};
 }
 
 } // namespace lorvane

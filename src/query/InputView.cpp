@@ -4,22 +4,27 @@
 #include "InputGrid.h"
 #include "InputLoader.h"
 #include "MomentSnapshot.h"
+#include "QueryContext.h"
 #include "SetupRecordViews.h"
 #include "StatusView.h"
 #include "platform/UserText.h"
+#include "store/TempQueryDatabase.h"
 
 namespace lorvane {
 
 ViewResult InputView::run(QueryContext& context)
 {
-    return StatusView::run(
-        context, LogKind::Inputs, InputLoader::load,
-        [&context](SqliteDatabase& db, const QueryNumbers& numbers, const SortState& sort) {
-            return QList<GridTable>{
-                InputGrid::fill(db, numbers, sort), MomentSnapshot::load(context, numbers),
-                SetupRecordViews::settingsGrid(db, numbers, QStringLiteral("InputLogDataItem_"),
-                                               userText("404060", "Show Input Settings"))};
-        });
+    return StatusView::run(context, LogKind::Inputs,
+                           StatusView::withMomentSnapshot(InputLoader::load), &InputView::grids);
+}
+
+QList<GridTable> InputView::grids(QueryContext& context, const QueryNumbers& numbers)
+{
+    SqliteDatabase& db = context.scratch->database();
+    return {InputGrid::fill(db, numbers, StatusView::sortState(context, LogKind::Inputs)),
+            MomentSnapshot::fill(context, numbers),
+            SetupRecordViews::settingsGrid(db, numbers, QStringLiteral("InputLogDataItem_"),
+                                           userText("404060", "Show Input Settings"))};
 }
 
 } // namespace lorvane

@@ -24,11 +24,17 @@ ViewResult LimitView::run(QueryContext& context)
     const DayWalk::Result walk = LimitLoader::load(context, files, result.numbers);
     LimitLoader::fillTagNames(context, result.numbers);
     ScaledFormatsLoader::load(db, files, result.numbers);
-    result.grids << LimitGrid::fill(db, result.numbers, context.descending, context.sortColumn,
-                                    context.dataFormat);
-    result.grids << MomentSnapshot::load(context, result.numbers);
+    MomentSnapshot::read(context, result.numbers);
+    result.grids = grids(context, result.numbers);
     DayRowsCopy::describe(walk, context, result);
     return result;
+}
+
+QList<GridTable> LimitView::grids(QueryContext& context, const QueryNumbers& numbers)
+{
+    return {LimitGrid::fill(context.scratch->database(), numbers, context.descending,
+                            context.sortColumn, context.dataFormat),
+            MomentSnapshot::fill(context, numbers)};
 }
 
 } // namespace lorvane

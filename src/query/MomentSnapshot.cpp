@@ -11,11 +11,12 @@
 
 namespace lorvane {
 
-GridTable MomentSnapshot::load(const QueryContext& context, const QueryNumbers& numbers)
+namespace {
+
+/// The view's sort item and type choice belong to its own log: the snapshots are read of
+/// every record type and shown in time order.
+QueryContext snapshotContext(const QueryContext& context)
 {
-    constexpr int kind = static_cast<int>(LogKind::Snapshots);
-    // The view's sort item and type choice belong to its own log: the snapshots are read of
-    // every record type and shown in time order.
     QueryContext snapshots = context;
     snapshots.typeFilter = 0;
     snapshots.sortColumn.clear();
@@ -25,8 +26,22 @@ GridTable MomentSnapshot::load(const QueryContext& context, const QueryNumbers& 
     const QDateTime last = std::max(context.start, context.end);
     snapshots.start = context.descending ? last : first;
     snapshots.end = context.descending ? first : last;
+    return snapshots;
+}
+
+constexpr int kind = static_cast<int>(LogKind::Snapshots);
+
+} // namespace
+
+void MomentSnapshot::read(const QueryContext& context, const QueryNumbers& numbers)
+{
+    QueryContext snapshots = snapshotContext(context);
     SnapshotLoader(snapshots, kind).load(numbers, snapshots.start, snapshots.end);
-    return SnapshotGrid(snapshots).fill(numbers, SnapshotView::caption(kind));
+}
+
+GridTable MomentSnapshot::fill(const QueryContext& context, const QueryNumbers& numbers)
+{
+    return SnapshotGrid(snapshotContext(context)).fill(numbers, SnapshotView::caption(kind));
 }
 
 } // namespace lorvane

@@ -15,9 +15,12 @@ class MomentSnapshot
 {
 public:
     /// Loads the snapshots of `context`'s range and selected data ids into slice `numbers`
-    /// (whose query the view created) and returns their grid. One slice only: the view has no
-    /// pages, so a range past the row budget shows its first part. Throws StorageError.
-    static GridTable load(const QueryContext& context, const QueryNumbers& numbers);
+    /// (whose query the view created). One slice only: the view has no pages, so a range past
+    /// the row budget keeps its first part. Throws StorageError.
+    static void read(const QueryContext& context, const QueryNumbers& numbers);
+    /// The grid of the snapshots `read` left in slice `numbers`, from the scratch tables alone.
+    /// Throws StorageError.
+    static GridTable fill(const QueryContext& context, const QueryNumbers& numbers);
 };
 
 } // namespace lorvane

@@ -63,20 +63,24 @@ ViewResult PqView::run(QueryContext& context)
                            numbers.sliceTable(QStringLiteral("WaveformLog_"))};
     WaveformSettings::load(db, all, numbers, logs);
     FullScalesLoader::load(db, all, numbers, logs);
-    const auto missing = PqLoader::linkCaptures(db, numbers);
-
-    const GridTable pq = PqGrid::fill(db, numbers, context.descending, context.dataFormat, missing);
-    result.grids << pq;
-    if (pq.rowKeys.isEmpty()) {
-        // No record, no captures to list: the detail grid keeps its headings.
-        result.grids << WaveformGrid::fill(db, numbers, context.descending, 0, context.dataFormat,
-                                           QStringLiteral("0"));
-    } else {
-        result.grids << PqGrid::listWaveforms(db, numbers, pq.rowKeys.first(), context.descending,
-                                              context.dataFormat);
-    }
+    result.grids = grids(context, numbers);
     DayRowsCopy::describe(walk, context, result);
     return result;
+}
+
+QList<GridTable> PqView::grids(QueryContext& context, const QueryNumbers& numbers)
+{
+    SqliteDatabase& db = context.scratch->database();
+    // The link check works on the scratch tables only, so a refill may run it again.
+    const auto missing = PqLoader::linkCaptures(db, numbers);
+    const GridTable pq = PqGrid::fill(db, numbers, context.descending, context.dataFormat, missing);
+    if (pq.rowKeys.isEmpty()) {
+        // No record, no captures to list: the detail grid keeps its headings.
+        return {pq, WaveformGrid::fill(db, numbers, context.descending, 0, context.dataFormat,
+                                       QStringLiteral("0"))};
+    }
+    return {pq, PqGrid::listWaveforms(db, numbers, pq.rowKeys.first(), context.descending,
+                                      context.dataFormat)};
 }
 
 } // namespace lorvane

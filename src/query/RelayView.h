@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "QueryCatalog.h"
 #include "ViewResult.h"
 
 namespace lorvane {
@@ -16,6 +17,10 @@ public:
     /// and direction. Throws StorageError when a statement fails, Fault for an unknown sort
     /// item.
     static ViewResult run(QueryContext& context);
+    /// The grids of query `numbers` from its tables alone, in the context's sort: a new sort
+    /// or a buffered press reads no meter file. Throws StorageError, Fault for an unknown sort
+    /// item.
+    static QList<GridTable> grids(QueryContext& context, const QueryNumbers& numbers);
 };
 
 } // namespace lorvane

@@ -95,6 +95,49 @@ GridTable SetupRecordViews::inputSetting(SqliteDatabase& scratch, const QueryNum
     return grid;
 }
 
+GridTable SetupRecordViews::pqWaveSetting(SqliteDatabase& scratch, const QueryNumbers& numbers,
+                                          qint64 deviceIndex, qint64 index)
+{
+    const QString table = numbers.sliceTable(QStringLiteral("PQWaveLogDataItem_"));
+    SqlStatement select = scratch.prepare(
+        QStringLiteral("SELECT * FROM %1 WHERE [DeviceIndex] = ? AND [Index] = ? LIMIT 1")
+            .arg(SqlIdentifier::quote(table)));
+    select.bindAll({deviceIndex, index});
+    QVariantMap row;
+    if (select.next()) {
+        for (int c = 0; c < select.columnCount(); ++c)
+            row.insert(select.columnName(c), select.value(c));
+    }
+    GridTable grid;
+    grid.caption = userText("406040", "Show PQ/Waveform Settings");
+    grid.columns = QStringList{userText("406071", "Item"), userText("406072", "Setting")};
+    const QVariant hookUp = row.value(QStringLiteral("HookUp"));
+    grid.rows << QStringList{userText("406073", "Device"), QString::number(deviceIndex + 1)};
+    grid.rowPictures << QString();
+    grid.rows << QStringList{userText("406074", "HookUp"),
+                             row.isEmpty() ? QString() : hookUpWord(hookUp)};
+    grid.rowPictures << (row.isEmpty() ? QString() : hookUpPicture(hookUp));
+    const QList<QPair<QString, QString>> named{
+        {userText("406075", "Sampling Rate"), QStringLiteral("SampleRate")},
+        {userText("406076", "Capture Num"), QStringLiteral("CaptureNum")},
+    };
+    QStringList shown{QStringLiteral("HookUp"), QStringLiteral("Index")};
+    for (const auto& [head, column] : named) {
+        grid.rows << QStringList{head, GridCellText::value(row.value(column))};
+        grid.rowPictures << QString();
+        shown << column;
+    }
+    for (const QString& column : scratch.columns(table)) {
+        if (!shown.contains(column) && !isDeviceIndex(column)) {
+            grid.rows << QStringList{column, GridCellText::value(row.value(column))};
+            grid.rowPictures << QString();
+        }
+    }
+    for (int r = 0; r < grid.rows.size(); ++r)
+        grid.rowKeys << QVariantMap{};
+    return grid;
+}
+
 GridTable SetupRecordViews::relaySetting(SqliteDatabase& scratch, const QueryNumbers& numbers,
                                          qint64 deviceIndex, qint64 index, qint64 moduleIndex,
                                          qint64 relayIndex, int deviceTypeId)

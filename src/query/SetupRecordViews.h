@@ -35,6 +35,13 @@ public:
                                   qint64 deviceIndex, qint64 index, qint64 moduleIndex,
                                   qint64 relayIndex, int deviceTypeId);
 
+    /// The PQ and waveform setting of a capture or PQ row as "Item" and "Setting" rows:
+    /// "Device", "HookUp" (its word, and its picture as the row's picture), "Sampling Rate",
+    /// "Capture Num", then the further columns of `PQWaveLogDataItem_{Q}_{S}`. A row whose
+    /// `Index` has no setting gives the heads with empty values. Throws StorageError.
+    static GridTable pqWaveSetting(SqliteDatabase& scratch, const QueryNumbers& numbers,
+                                   qint64 deviceIndex, qint64 index);
+
     /// The settings tables a meter file holds, in this order, those it lacks left out:
     /// "DeviceInformation", "InputLogDataItem", "RelayLogDataItem", "LimitsLogDataItem",
     /// "PQWaveLogDataItem", "FullScales", "HSInputLabels", "ScaledFormats".

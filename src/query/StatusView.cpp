@@ -3,6 +3,7 @@
 
 #include "DayRowsCopy.h"
 #include "LogFileList.h"
+#include "MomentSnapshot.h"
 #include "QueryContext.h"
 #include "SortOptions.h"
 #include "platform/Fault.h"
@@ -27,10 +28,21 @@ SortState StatusView::sortState(const QueryContext& context, LogKind kind)
     return state;
 }
 
+StatusView::Loader StatusView::withMomentSnapshot(Loader load)
+{
+    return [load = std::move(load)](QueryContext& context, QList<LogFileEntry>& files,
+                                    const QueryNumbers& numbers) {
+        const DayWalk::Result walk = load(context, files, numbers);
+        MomentSnapshot::read(context, numbers);
+        return walk;
+    };
+}
+
 ViewResult StatusView::run(QueryContext& context, LogKind kind, const Loader& load,
                            const Grids& grids)
 {
-    const SortState sort = sortState(context, kind);
+    // An unknown sort item is refused before any meter file is read.
+    sortState(context, kind);
     QList<LogFileEntry> files = LogFileList::expand(context.files, static_cast<int>(kind));
     ViewResult result;
     result.logKind = static_cast<int>(kind);
@@ -39,7 +51,7 @@ ViewResult StatusView::run(QueryContext& context, LogKind kind, const Loader& lo
             .createQuery(std::min(context.start, context.end), std::max(context.start, context.end),
                          static_cast<int>(kind), files);
     const DayWalk::Result walk = load(context, files, result.numbers);
-    result.grids = grids(context.scratch->database(), result.numbers, sort);
+    result.grids = grids(context, result.numbers);
     DayRowsCopy::describe(walk, context, result);
     return result;
 }

@@ -11,7 +11,6 @@
 
 namespace lorvane {
 
-class SqliteDatabase;
 struct QueryContext;
 
 /// The road the input, relay, flicker and system event views share: expand the files, create
@@ -21,8 +20,9 @@ class StatusView
 public:
     using Loader =
         std::function<DayWalk::Result(QueryContext&, QList<LogFileEntry>&, const QueryNumbers&)>;
-    using Grids =
-        std::function<QList<GridTable>(SqliteDatabase&, const QueryNumbers&, const SortState&)>;
+    /// Fills the kind's grids from the query's tables alone: a new sort or a buffered press
+    /// calls it again without reading a meter file.
+    using Grids = std::function<QList<GridTable>(QueryContext&, const QueryNumbers&)>;
 
     /// Runs one fresh query of `kind`. Throws StorageError when a statement fails and Fault
     /// when the context's sort item is not one of the kind's.
@@ -31,6 +31,8 @@ public:
     /// The sort state the context asks for: its sort item ("" for Date/Time) and direction.
     /// Throws Fault (Other) naming an item the kind does not have.
     static SortState sortState(const QueryContext& context, LogKind kind);
+    /// `load`, followed by the snapshots of the same range that the kind shows beside its log.
+    static Loader withMomentSnapshot(Loader load);
 };
 
 } // namespace lorvane

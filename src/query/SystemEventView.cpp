@@ -1,19 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SystemEventView.h"
 
+#include "QueryContext.h"
 #include "StatusView.h"
 #include "SystemEventGrid.h"
 #include "SystemEventLoader.h"
+#include "store/TempQueryDatabase.h"
 
 namespace lorvane {
 
 ViewResult SystemEventView::run(QueryContext& context)
 {
-    return StatusView::run(
-        context, LogKind::SystemEvent, SystemEventLoader::load,
-        [](SqliteDatabase& db, const QueryNumbers& numbers, const SortState& sort) {
-            return QList<GridTable>{SystemEventGrid::fill(db, numbers, sort)};
-        });
+    return StatusView::run(context, LogKind::SystemEvent, SystemEventLoader::load,
+                           &SystemEventView::grids);
+}
+
+QList<GridTable> SystemEventView::grids(QueryContext& context, const QueryNumbers& numbers)
+{
+    return {SystemEventGrid::fill(context.scratch->database(), numbers,
+                                  StatusView::sortState(context, LogKind::SystemEvent))};
 }
 
 } // namespace lorvane

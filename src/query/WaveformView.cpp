@@ -22,13 +22,18 @@ ViewResult WaveformView::run(QueryContext& context)
     result.numbers =
         QueryCatalog(*context.scratch).createQuery(context.start, context.end, kind, files);
     const DayWalk::Result walk = WaveformLoader::load(context, files, result.numbers);
-    result.grids << WaveformGrid::fill(db, result.numbers, context.descending, context.typeFilter,
-                                       context.dataFormat);
+    result.grids = grids(context, result.numbers);
     const QStringList logs{result.numbers.sliceTable(QStringLiteral("WaveformLog_"))};
     WaveformSettings::load(db, files, result.numbers, logs);
     FullScalesLoader::load(db, files, result.numbers, logs);
     DayRowsCopy::describe(walk, context, result);
     return result;
+}
+
+QList<GridTable> WaveformView::grids(QueryContext& context, const QueryNumbers& numbers)
+{
+    return {WaveformGrid::fill(context.scratch->database(), numbers, context.descending,
+                               context.typeFilter, context.dataFormat)};
 }
 
 } // namespace lorvane

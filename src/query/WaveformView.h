@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "QueryCatalog.h"
 #include "ViewResult.h"
 
 namespace lorvane {
@@ -19,6 +20,10 @@ public:
     /// "No data found" range text. Throws StorageError when a statement fails, Fault for a sort
     /// item or type filter the view does not know.
     static ViewResult run(QueryContext& context);
+    /// The grids of query `numbers` from its tables alone, in the context's sort and type
+    /// choice: a new sort or a buffered press reads no meter file. Throws StorageError, Fault
+    /// for a sort item or type filter the view does not know.
+    static QList<GridTable> grids(QueryContext& context, const QueryNumbers& numbers);
 };
 
 } // namespace lorvane

@@ -1,0 +1,584 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "LogViewSession.h"
+
+#include "platform/Fault.h"
+#include "platform/UserText.h"
+#include "query/DatabaseStatusView.h"
+#include "query/FlickerView.h"
+#include "query/InputView.h"
+#include "query/LimitView.h"
+#include "query/LoadProgress.h"
+#include "query/PqGrid.h"
+#include "query/PqView.h"
+#include "query/RelayView.h"
+#include "query/SetupRecordViews.h"
+#include "query/SnapshotView.h"
+#include "query/SortOptions.h"
+#include "query/SystemEventView.h"
+#include "query/TopQueryBuffer.h"
+#include "query/WaveformGrid.h"
+#include "query/WaveformView.h"
+#include "store/LogKind.h"
+#include "store/TempQueryDatabase.h"
+
+namespace lorvane {
+
+namespace {
+
+using Run = ViewResult (*)(QueryContext&);
+using Grids = QList<GridTable> (*)(QueryContext&, const QueryNumbers&);
+
+/// The loader and the table filler of a single-page kind.
+struct KindRoad
+{
+    Run run = nullptr;
+    Grids grids = nullptr;
+};
+
+KindRoad roadOf(int kind)
+{
+    switch (static_cast<LogKind>(kind)) {
+    case LogKind::Limits:
+        return {&LimitView::run, &LimitView::grids};
+    case LogKind::Inputs:
+        return {&InputView::run, &InputView::grids};
+    case LogKind::Relays:
+        return {&RelayView::run, &RelayView::grids};
+    case LogKind::Flicker:
+        return {&FlickerView::run, &FlickerView::grids};
+    case LogKind::Waveform:
+        return {&WaveformView::run, &WaveformView::grids};
+    case LogKind::PowerQuality:
+        return {&PqView::run, &PqView::grids};
+    case LogKind::SystemEvent:
+        return {&SystemEventView::run, &SystemEventView::grids};
+    default:
+        return {};
+    }
+}
+
+bool isSnapshotKind(int kind)
+{
+    return kind == int(LogKind::Snapshots) || kind == int(LogKind::Demand);
+}
+
+/// The columns of a snapshot grid before its `Dev_Data` columns.
+constexpr int snapshotFixedColumns = 4;
+
+/// Points the context's progress at `progress` for one load and back to none after it.
+class ProgressScope
+{
+public:
+    ProgressScope(QueryContext& context, LoadProgress* progress) : m_context(context)
+    {
+        m_context.progress = progress ? progress : &m_silent;
+    }
+    ~ProgressScope() { m_context.progress = nullptr; }
+    ProgressScope(const ProgressScope&) = delete;
+    ProgressScope& operator=(const ProgressScope&) = delete;
+
+private:
+    QueryContext& m_context;
+    SilentProgress m_silent;
+};
+
+QString withStop(const QString& text)
+{
+    return text + QLatin1Char('.');
+}
+
+} // namespace
+
+/// One view button's query: its own context (the snapshot view keeps a reference to it), the
+/// result shown, and the user's sort and type choice.
+struct LogViewSession::Entry
+{
+    int logKind = 0;
+    int button = 0;
+    std::unique_ptr<QueryContext> context;
+    std::unique_ptr<SnapshotView> snapshots;
+    ViewResult result;
+    SortState sort;
+    int typeChoice = 0;
+    /// The direction the slices are read in; the sort may show a page the other way round.
+    bool loadDescending = false;
+
+    /// Puts the sort and type choice into the context for a fill from the tables; the load
+    /// fields come back on destruction so that a later slice is read unfiltered and in the
+    /// direction of the first.
+    class Presentation
+    {
+    public:
+        explicit Presentation(Entry& entry) : m_entry(entry)
+        {
+            QueryContext& c = *entry.context;
+            c.descending = entry.sort.descending;
+            c.sortColumn = entry.sortColumn();
+            c.typeFilter = entry.typeFilter();
+        }
+        ~Presentation()
+        {
+            QueryContext& c = *m_entry.context;
+            c.descending = m_entry.loadDescending;
+            c.sortColumn.clear();
+            c.typeFilter = 0;
+        }
+        Presentation(const Presentation&) = delete;
+        Presentation& operator=(const Presentation&) = delete;
+
+    private:
+        Entry& m_entry;
+    };
+
+    QStringList dataColumns() const
+    {
+        if (!isSnapshotKind(logKind) || result.grids.isEmpty())
+            return {};
+        return result.grids.first().columns.mid(snapshotFixedColumns);
+    }
+
+    /// The context's sort column: a `Dev_Data` key or "Record Type" for snapshots, the item's
+    /// text for the other kinds, empty for Date/Time.
+    QString sortColumn() const
+    {
+        if (isSnapshotKind(logKind)) {
+            // "Group By Type" puts the record type first, the time within each type.
+            if (sort.recordType == 1)
+                return QStringLiteral("Record Type");
+            return sort.item > 0 ? dataColumns().value(sort.item - 1) : QString();
+        }
+        if (sort.item <= 0)
+            return {};
+        return SortOptions::itemTexts(static_cast<LogKind>(logKind)).value(sort.item);
+    }
+
+    /// The snapshot record type of the sort state (grouping list position: 0 all, 1 grouped,
+    /// then the logs from type 1 on) or the waveform data type.
+    int typeFilter() const
+    {
+        if (isSnapshotKind(logKind))
+            return sort.recordType >= 2 ? sort.recordType - 1 : 0;
+        return logKind == int(LogKind::Waveform) ? typeChoice : 0;
+    }
+};
+
+LogViewSession::LogViewSession(const QueryContext& base) : m_base(base)
+{
+}
+
+LogViewSession::~LogViewSession() = default;
+
+void LogViewSession::setRequest(const ViewDispatch::Request& request, TopQueryBuffer* buffer)
+{
+    m_request = request;
+    m_buffer = buffer;
+}
+
+LogViewSession::Entry& LogViewSession::current() const
+{
+    if (!m_current)
+        throw Fault(Fault::Kind::Other, userText("406000", "No view has been loaded"),
+                    QStringLiteral("LoadQuery"), QString());
+    return *m_current;
+}
+
+const ViewResult& LogViewSession::result() const
+{
+    static const ViewResult none;
+    return m_current ? m_current->result : none;
+}
+
+SortState LogViewSession::sort() const
+{
+    return m_current ? m_current->sort : SortState{};
+}
+
+int LogViewSession::typeChoice() const
+{
+    if (!m_current)
+        return 0;
+    if (isSnapshotKind(m_current->logKind))
+        return m_current->sort.recordType >= 2 ? m_current->sort.recordType - 1 : 0;
+    return m_current->typeChoice;
+}
+
+void LogViewSession::LoadQuery(bool fresh, LoadProgress* progress)
+{
+    const int button = m_request.button;
+    const auto held = m_entries.find(button);
+    const bool buffered = !fresh && m_buffer && m_buffer->holds(button) &&
+                          held != m_entries.end() && held->second->logKind == m_request.logKind &&
+                          held->second->result.numbers.query == m_buffer->row(button).queryIndex;
+    if (!buffered) {
+        loadFresh(progress);
+        return;
+    }
+    Entry* previous = m_current;
+    m_current = held->second.get();
+    try {
+        refill();
+    } catch (...) {
+        m_current = previous;
+        throw;
+    }
+}
+
+void LogViewSession::loadFresh(LoadProgress* progress)
+{
+    auto entry = std::make_unique<Entry>();
+    entry->logKind = m_request.logKind;
+    entry->button = m_request.button;
+    entry->context = std::make_unique<QueryContext>(m_base);
+    QueryContext& c = *entry->context;
+    c.files = m_request.files;
+    c.dataIds.clear();
+    for (qint32 id : m_request.itemIds) {
+        if (id > 0)
+            c.dataIds << id;
+    }
+    c.start = m_request.start;
+    c.end = m_request.end;
+    c.descending = m_request.sortDirection == 1;
+    c.sortColumn.clear();
+    c.typeFilter = 0;
+    entry->loadDescending = c.descending;
+    entry->sort.descending = c.descending;
+
+    const int kind = entry->logKind;
+    {
+        ProgressScope scope(c, progress);
+        if (kind == int(LogKind::DatabaseStatus)) {
+            entry->result.logKind = kind;
+            entry->result.grids = DatabaseStatusView::run(c.files);
+        } else if (isSnapshotKind(kind)) {
+            entry->snapshots = std::make_unique<SnapshotView>(c, kind);
+            entry->result = entry->snapshots->load();
+        } else if (const KindRoad road = roadOf(kind); road.run) {
+            entry->result = road.run(c);
+        } else {
+            throw Fault(Fault::Kind::Other,
+                        userText("406001", "This view is not available") + QStringLiteral(": ") +
+                            viewName(kind),
+                        QStringLiteral("LoadQuery"), QString());
+        }
+    }
+    // A cancelled load is shown but not kept for the button: the next press reads again.
+    if (m_buffer && kind != int(LogKind::DatabaseStatus) && !entry->result.cancelled &&
+        entry->result.numbers.query > 0) {
+        m_buffer->setRow(entry->button, {entry->result.numbers.query, entry->result.numbers.slice,
+                                         c.start, c.end, 0});
+    }
+    Entry* kept = entry.get();
+    m_entries[entry->button] = std::move(entry);
+    m_current = kept;
+}
+
+void LogViewSession::refill()
+{
+    Entry& entry = current();
+    if (entry.logKind == int(LogKind::DatabaseStatus))
+        return;
+    Entry::Presentation presentation(entry);
+    if (entry.snapshots) {
+        entry.result = entry.snapshots->show();
+        return;
+    }
+    entry.result.grids = roadOf(entry.logKind).grids(*entry.context, entry.result.numbers);
+}
+
+bool LogViewSession::step(int delta, LoadProgress* progress)
+{
+    Entry& entry = current();
+    if (!entry.snapshots)
+        return false;
+    const int before = entry.snapshots->pager().page();
+    const int pagesBefore = entry.snapshots->pager().pages();
+    const bool couldDown = entry.snapshots->pager().canDown();
+    {
+        ProgressScope scope(*entry.context, progress);
+        entry.snapshots->step(delta);
+    }
+    // The slices are read in the load's direction and unfiltered; the page is then shown in
+    // the user's sort.
+    refill();
+    return entry.snapshots->pager().page() != before ||
+           entry.snapshots->pager().pages() != pagesBefore ||
+           entry.snapshots->pager().canDown() != couldDown;
+}
+
+void LogViewSession::setSort(const SortState& sort)
+{
+    Entry& entry = current();
+    const SortState before = entry.sort;
+    entry.sort = sort;
+    try {
+        refill();
+    } catch (...) {
+        entry.sort = before;
+        refill();
+        throw;
+    }
+}
+
+void LogViewSession::setTypeChoice(int index)
+{
+    Entry& entry = current();
+    if (isSnapshotKind(entry.logKind)) {
+        SortState sort = entry.sort;
+        sort.recordType = index > 0 ? index + 1 : 0;
+        setSort(sort);
+        return;
+    }
+    entry.typeChoice = index;
+    refill();
+}
+
+bool LogViewSession::canUp() const
+{
+    return m_current && m_current->snapshots && m_current->snapshots->pager().canUp();
+}
+
+bool LogViewSession::canDown() const
+{
+    return m_current && m_current->snapshots && m_current->snapshots->pager().canDown();
+}
+
+QStringList LogViewSession::sortItems() const
+{
+    if (!m_current)
+        return {};
+    return SortOptions::itemTexts(static_cast<LogKind>(m_current->logKind),
+                                  m_current->dataColumns());
+}
+
+QString LogViewSession::typeCaption() const
+{
+    return isSnapshotKind(logKind()) ? userText("406002", "Snapshot Type")
+                                     : userText("406003", "Data Type");
+}
+
+QStringList LogViewSession::typeChoices() const
+{
+    const int kind = logKind();
+    if (isSnapshotKind(kind))
+        return QStringList{userText("406004", "User Defined")} +
+               SortOptions::snapshotGroupings().mid(2);
+    if (kind == int(LogKind::Waveform))
+        return WaveformGrid::typeNames();
+    return {};
+}
+
+LogViewSession::GraphAction LogViewSession::graph(int row) const
+{
+    GraphAction action;
+    if (!m_current)
+        return action;
+    const Entry& entry = *m_current;
+    const GridTable none;
+    const GridTable& grid = entry.result.grids.isEmpty() ? none : entry.result.grids.first();
+    const bool empty = grid.rows.isEmpty();
+    const bool selected = row >= 0 && row < grid.rows.size();
+    auto message = [&action](const QString& text) {
+        action.kind = GraphAction::Kind::Message;
+        action.message = withStop(text);
+    };
+    switch (static_cast<LogKind>(entry.logKind)) {
+    case LogKind::Waveform:
+        if (empty) {
+            message(userText("406010", "There are no waveforms"));
+        } else if (!selected) {
+            message(userText("406011", "Please select a waveform to graph"));
+        } else {
+            action.kind = GraphAction::Kind::Waveform;
+            action.numbers = entry.result.numbers;
+            for (const QVariantMap& keys : grid.rowKeys)
+                action.series << keys.value(QStringLiteral("RecCounter")).toInt();
+            action.position = row;
+            action.caption = grid.rowKeys.at(row).value(QStringLiteral("Label")).toString();
+        }
+        break;
+    case LogKind::Snapshots:
+    case LogKind::Demand:
+    case LogKind::Flicker:
+    case LogKind::SystemEvent:
+    case LogKind::Relays:
+        // Their graph windows (trend set-up, relay logic tree) do not exist yet: only the
+        // empty case is answered, and the window keeps the button disabled.
+        if (empty)
+            message(entry.logKind == int(LogKind::Relays)
+                        ? userText("406012", "There are no relays")
+                        : userText("406013", "There are no data to graph"));
+        break;
+    default:
+        break;
+    }
+    return action;
+}
+
+std::optional<GridTable> LogViewSession::rowDetail(int grid, int row) const
+{
+    if (!m_current || grid < 0 || grid >= m_current->result.grids.size())
+        return std::nullopt;
+    const Entry& entry = *m_current;
+    const GridTable& table = entry.result.grids.at(grid);
+    if (row < 0 || row >= table.rowKeys.size())
+        return std::nullopt;
+    const QVariantMap& keys = table.rowKeys.at(row);
+    auto key = [&keys](const char* name) {
+        return keys.value(QString::fromLatin1(name)).toLongLong();
+    };
+    SqliteDatabase& db = entry.context->scratch->database();
+    const QueryNumbers& numbers = entry.result.numbers;
+    switch (static_cast<LogKind>(entry.logKind)) {
+    case LogKind::PowerQuality:
+        if (grid == 0)
+            return PqGrid::listWaveforms(db, numbers, keys, entry.sort.descending,
+                                         entry.context->dataFormat);
+        return SetupRecordViews::pqWaveSetting(db, numbers, key("DeviceIndex"), key("Index"));
+    case LogKind::Waveform:
+        return SetupRecordViews::pqWaveSetting(db, numbers, key("DeviceIndex"), key("Index"));
+    case LogKind::Inputs:
+        if (grid != 0)
+            return std::nullopt;
+        return SetupRecordViews::inputSetting(db, numbers, key("DeviceIndex"), key("Index"),
+                                              key("ModuleIndex"), key("InputIndex"));
+    case LogKind::Relays: {
+        if (grid != 0)
+            return std::nullopt;
+        const qint64 device = key("DeviceIndex");
+        int deviceType =
+            entry.context->files.isEmpty() ? 0 : entry.context->files.first().deviceTypeId;
+        for (const LogFileEntry& file : entry.context->files) {
+            if (file.deviceIndex == device)
+                deviceType = file.deviceTypeId;
+        }
+        return SetupRecordViews::relaySetting(db, numbers, device, key("Index"), key("ModuleIndex"),
+                                              key("RelayIndex"), deviceType);
+    }
+    default:
+        return std::nullopt;
+    }
+}
+
+QString LogViewSession::statusText(int grid, int row) const
+{
+    if (!m_current || grid < 0 || grid >= m_current->result.grids.size())
+        return {};
+    const int kind = m_current->logKind;
+    if (!isSnapshotKind(kind) && kind != int(LogKind::Flicker))
+        return {};
+    const int count = int(m_current->result.grids.at(grid).rows.size());
+    if (row < 0 || row >= count)
+        return {};
+    return userText("406020", "Record") + QLatin1Char(' ') + QString::number(row + 1) +
+           QStringLiteral(", ") + QString::number(count);
+}
+
+QString LogViewSession::checkMessage(int row) const
+{
+    if (row >= 0)
+        return {};
+    switch (static_cast<LogKind>(logKind())) {
+    case LogKind::Waveform:
+        return withStop(userText("406021", "Please select a waveform record"));
+    case LogKind::PowerQuality:
+        return withStop(userText("406022", "Please select a PQ record"));
+    default:
+        return {};
+    }
+}
+
+QStringList LogViewSession::captions(int kind)
+{
+    switch (kind) {
+    case 0:
+        return {userText("406030", "Data File Information")};
+    case 3:
+    case 4:
+        return {SnapshotView::caption(kind)};
+    case 5:
+        return {userText("406031", "Show Limits")};
+    case 6:
+        return {userText("406032", "Show Inputs"), userText("406033", "Show Input Settings")};
+    case 7:
+        return {userText("406034", "Show Relays"), userText("406035", "Show Relay Settings")};
+    case 8:
+        return {userText("406036", "Show Flicker Max/Min")};
+    case 9:
+        return {userText("406037", "Show Waveforms"), userText("406038", "Show Waveform Settings")};
+    case 10:
+        return {userText("406039", "Show PQs"), userText("406040", "Show PQ/Waveform Settings")};
+    case 11:
+        return {userText("406041", "Show System Events")};
+    case 76:
+        return {userText("406042", "EN50160 / IEC 61000-4-30 Information")};
+    default:
+        return {};
+    }
+}
+
+QString LogViewSession::viewName(int kind)
+{
+    switch (kind) {
+    case 0:
+        return userText("406050", "Database Status");
+    case 3:
+        return userText("406051", "Snapshots");
+    case 4:
+        return userText("406052", "Demands");
+    case 5:
+        return userText("406053", "Limits");
+    case 6:
+        return userText("406054", "Status Change (Inputs)");
+    case 7:
+        return userText("406055", "Control Output (Relays)");
+    case 8:
+        return userText("406056", "Flicker");
+    case 9:
+        return userText("406057", "Waveform");
+    case 10:
+        return userText("406058", "Power Quality");
+    case 11:
+        return userText("406059", "System Event");
+    case 76:
+        return userText("406060", "EN50160 / IEC 61000-4-30 Report");
+    default:
+        return {};
+    }
+}
+
+QString LogViewSession::windowTitle(const QString& program, int kind)
+{
+    return program + QStringLiteral(" - [") + viewName(kind) + QLatin1Char(']');
+}
+
+QString LogViewSession::helpTopic(int kind)
+{
+    switch (kind) {
+    case 0:
+        return QStringLiteral("LRDBStatus");
+    case 3:
+    case 4:
+        return QStringLiteral("LRHistTrends");
+    case 5:
+        return QStringLiteral("LRLimits");
+    case 6:
+        return QStringLiteral("LRStatChange");
+    case 7:
+        return QStringLiteral("LRControl");
+    case 8:
+        return QStringLiteral("LRFlicker");
+    case 9:
+        return QStringLiteral("LRWaveformLog");
+    case 10:
+        return QStringLiteral("LRpqLogs");
+    case 11:
+        return QStringLiteral("LRSystemEvtLog");
+    case 76:
+        return QStringLiteral("LREN50160Log");
+    default:
+        return {};
+    }
+}
+
+} // namespace lorvane
