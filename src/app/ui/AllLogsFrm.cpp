@@ -2,15 +2,591 @@
 #include "AllLogsFrm.h"
 
 #include "app/RunContext.h"
+#include "platform/Fault.h"
+#include "platform/SqliteDatabase.h"
+#include "platform/UserMessages.h"
+#include "platform/UserText.h"
+#include "query/LogFileList.h"
+#include "query/LogTree.h"
+#include "query/SplitLogMeter.h"
+#include "query/ViewButtons.h"
+#include "query/ui/SelDataPoints.h"
+#include "query/ui/SelTimeRange.h"
+#include "query/ui/frmDeviceMasterLog.h"
+#include "store/MeterDatabase.h"
+#include "store/SchemaCatalog.h"
+#include "store/TempQueryDatabase.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <algorithm>
 
 namespace lorvane {
 
-AllLogsFrm::AllLogsFrm(RunContext& context, QWidget* parent) : QWidget(parent), m_context(context)
+namespace {
+
+constexpr int keyRole = Qt::UserRole;
+constexpr int tagRole = Qt::UserRole + 1;
+
+/// The sibling program the "back" button returns to; there is none to find on this system.
+QString siblingTitle()
+{
+    return userText("310001", "Tessera Ext");
+}
+
+struct ButtonText
+{
+    const char* captionId;
+    const char* caption;
+    const char* tipId;
+    const char* tip;
+};
+
+const std::array<ButtonText, ViewButtons::count>& viewButtonTexts()
+{
+    static const std::array<ButtonText, ViewButtons::count> texts{{
+        {"310010", "Database Status", "310030", "View Database Status"},
+        {"310011", "Snapshots", "310031", "View Snapshot"},
+        {"310012", "Demand", "310032", "View Demand"},
+        {"310013", "Limits", "310033", "View Limit"},
+        {"310014", "Waveform", "310034", "View Waveform"},
+        {"310015", "Power Quality", "310035", "View Power Quality"},
+        {"310016", "Vex*Grid Reports", "310036", "View Vex*Grid Reports"},
+        {"310017", "Status Change (Inputs)", "310037", "View Status Change (Inputs)"},
+        {"310018", "Control Output (Relays)", "310038", "View Control Output (Relays)"},
+        {"310019", "PQDIF Format", "310039", "Export waveform data to PQDIF"},
+        {"310020", "Energy Billing Module", "310040", "Energy Billing Module"},
+        {"310021", "Flicker", "310041", "Flicker"},
+        {"310022", "System Event", "310042", "System Event"},
+        {"310023", "COMTRADE", "310043", "COMTRADE Format"},
+        {"310024", "EN50160 / IEC 61000-4-30", "310044", "EN50160 / IEC 61000-4-30"},
+    }};
+    return texts;
+}
+
+/// The title the export hand-over would carry for an export button.
+QString exportTitle(int button)
+{
+    if (button == ViewButtons::Reports)
+        return userText("310050", "Vex*Grid Report");
+    const QString to = userText("310051", "Export to");
+    return button == ViewButtons::Pqdif ? to + QStringLiteral(" PQDIF")
+                                        : to + QStringLiteral(" COMTRADE");
+}
+
+QTreeWidgetItem* addNode(QTreeWidgetItem* parent, const QString& key, const QString& text)
+{
+    auto* node = new QTreeWidgetItem(parent, QStringList{text});
+    node->setData(0, keyRole, key);
+    return node;
+}
+
+/// The settings name default data points once any stored row holds an id.
+bool defaultsPresent(const DefaultSelection& stored)
+{
+    return std::any_of(stored.dataIds.begin(), stored.dataIds.end(),
+                       [](qint32 id) { return id > 0; });
+}
+
+bool twentyFourHour(const QString& timeFormat)
+{
+    return !timeFormat.contains(QStringLiteral("ap"), Qt::CaseInsensitive);
+}
+
+} // namespace
+
+AllLogsFrm::AllLogsFrm(RunContext& context, QWidget* parent)
+    : QWidget(parent), m_context(context), m_meters(context.settings.maxDeviceLogNumber)
 {
     setObjectName(QStringLiteral("AllLogsFrm"));
-    setMinimumSize(480, 320);
+    setWindowTitle(userText("310002", "Meter and Log Selection"));
+    const QString scratchPath = m_context.scratch ? m_context.scratch->path() : QString();
+    m_addFile = std::make_unique<AddFileToSystem>(m_meters, m_buffer, m_points, scratchPath);
+    m_dispatch = std::make_unique<ViewDispatch>(m_meters, m_points, m_time, m_buffer, *m_addFile);
+
+    const DefaultSelection& stored = m_context.defaultSelection;
+    m_points.loadDefaults(stored, defaultsPresent(stored));
+    m_time.read(stored, QDateTime::currentDateTime());
+    m_meters.setLastFolder(m_context.settings.currentPath);
+
+    buildWindow();
+    installDefaultHooks();
+    DoReFresh();
 }
 
 AllLogsFrm::~AllLogsFrm() = default;
+
+void AllLogsFrm::buildWindow()
+{
+    m_tree = new QTreeWidget;
+    m_tree->setObjectName(QStringLiteral("TreeView1"));
+    m_tree->setHeaderHidden(true);
+    m_tree->setMinimumWidth(280);
+
+    m_refresh = new QPushButton(userText("310003", "&Refresh"));
+    m_refresh->setObjectName(QStringLiteral("Command1_1"));
+    m_refresh->setToolTip(userText("310004", "Read the open meters again"));
+    connect(m_refresh, &QPushButton::clicked, this, [this] {
+        m_refresh->setEnabled(false);
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        DoReFresh();
+        QApplication::restoreOverrideCursor();
+        m_refresh->setEnabled(true);
+    });
+
+    auto* left = new QWidget;
+    auto* leftLayout = new QVBoxLayout(left);
+    leftLayout->setContentsMargins(0, 0, 0, 0);
+    leftLayout->addWidget(new QLabel(userText("310005", "Devices and logs")));
+    leftLayout->addWidget(m_tree, 1);
+    auto* refreshRow = new QHBoxLayout;
+    refreshRow->addStretch();
+    refreshRow->addWidget(m_refresh);
+    leftLayout->addLayout(refreshRow);
+
+    static const std::array<ButtonText, 6> selectionTexts{{
+        {"310060", "Meter &1", "310070", "Select Meter 1"},
+        {"310061", "Meter &2", "310071", "Select Meter 2"},
+        {"310062", "&Data Points", "310072", "Select Snapshot Data Points"},
+        {"310063", "&Time Range", "310073", "Select Time Range"},
+        {"310064", "Back To &Halyx", "310074", "Back to "},
+        {"310065", "&Help", "310075", "Help"},
+    }};
+    for (int i = 0; i < 6; ++i) {
+        const ButtonText& t = selectionTexts.at(static_cast<size_t>(i));
+        auto* button = new QPushButton(userText(t.captionId, t.caption));
+        button->setObjectName(QStringLiteral("Command3_%1").arg(i));
+        QString tip = userText(t.tipId, t.tip);
+        if (i == 4)
+            tip += siblingTitle();
+        button->setToolTip(tip);
+        connect(button, &QPushButton::clicked, this, [this, i] { Command3_Click(i); });
+        m_selectionButtons.at(static_cast<size_t>(i)) = button;
+    }
+
+    m_dmlButton = new QPushButton(userText("310066", "Select &Log"));
+    m_dmlButton->setObjectName(QStringLiteral("cmd_DML_Select"));
+    m_dmlButton->setToolTip(userText("310076", "Choose another log of the Device Master Log"));
+    connect(m_dmlButton, &QPushButton::clicked, this, [this] {
+        const QString chosen = chooseSplitLog(splitLogMarker());
+        if (!chosen.isEmpty() && openMeterFile(chosen, 0)) {
+            // The chosen log belongs to the split-log meter, which stays alone.
+            m_meters.setMeter2Selectable(false);
+            DoReFresh();
+        }
+    });
+
+    auto* meterBox = new QGroupBox(userText("310006", "Meters"));
+    auto* meterGrid = new QGridLayout(meterBox);
+    for (int i = 0; i < 2; ++i) {
+        auto* combo = new QComboBox;
+        combo->setObjectName(QStringLiteral("Combo1_%1").arg(i));
+        combo->setMinimumWidth(200);
+        connect(combo, &QComboBox::activated, this, [this, i](int item) { comboPicked(i, item); });
+        m_combos.at(static_cast<size_t>(i)) = combo;
+        meterGrid->addWidget(m_selectionButtons.at(static_cast<size_t>(i)), i, 0);
+        meterGrid->addWidget(combo, i, 1);
+    }
+    // The Device Master Log button takes the place of the meter 2 button while it is shown.
+    meterGrid->addWidget(m_dmlButton, 1, 0);
+    meterGrid->setColumnStretch(1, 1);
+
+    m_pointsLabel = new QLabel;
+    m_pointsLabel->setObjectName(QStringLiteral("DataPointStatus"));
+    m_startLabel = new QLabel;
+    m_startLabel->setObjectName(QStringLiteral("StartTimeLabel"));
+    m_endLabel = new QLabel;
+    m_endLabel->setObjectName(QStringLiteral("EndTimeLabel"));
+    auto* selectionBox = new QGroupBox(userText("310007", "Selection"));
+    auto* selectionGrid = new QGridLayout(selectionBox);
+    selectionGrid->addWidget(m_selectionButtons.at(2), 0, 0);
+    selectionGrid->addWidget(m_pointsLabel, 0, 1);
+    selectionGrid->addWidget(m_selectionButtons.at(3), 1, 0, 2, 1, Qt::AlignTop);
+    selectionGrid->addWidget(m_startLabel, 1, 1);
+    selectionGrid->addWidget(m_endLabel, 2, 1);
+    selectionGrid->setColumnStretch(1, 1);
+
+    auto* viewBox = new QGroupBox(userText("310008", "Views"));
+    auto* viewGrid = new QGridLayout(viewBox);
+    for (int i = 0; i < ViewButtons::count; ++i) {
+        const ButtonText& t = viewButtonTexts().at(static_cast<size_t>(i));
+        auto* button = new QPushButton(userText(t.captionId, t.caption));
+        button->setObjectName(QStringLiteral("Command2_%1").arg(i));
+        button->setToolTip(userText(t.tipId, t.tip));
+        button->setMinimumHeight(32);
+        connect(button, &QPushButton::clicked, this, [this, i] { Command2_Click(i); });
+        m_viewButtons.at(static_cast<size_t>(i)) = button;
+        viewGrid->addWidget(button, i / 3, i % 3);
+    }
+
+    auto* bottomRow = new QHBoxLayout;
+    bottomRow->addStretch();
+    bottomRow->addWidget(m_selectionButtons.at(4));
+    bottomRow->addWidget(m_selectionButtons.at(5));
+
+    auto* right = new QWidget;
+    auto* rightLayout = new QVBoxLayout(right);
+    rightLayout->setContentsMargins(0, 0, 0, 0);
+    rightLayout->addWidget(meterBox);
+    rightLayout->addWidget(selectionBox);
+    rightLayout->addWidget(viewBox);
+    rightLayout->addStretch();
+    rightLayout->addLayout(bottomRow);
+
+    auto* splitter = new QSplitter;
+    splitter->addWidget(left);
+    splitter->addWidget(right);
+    splitter->setStretchFactor(0, 2);
+    splitter->setStretchFactor(1, 3);
+    splitter->setChildrenCollapsible(false);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(splitter);
+}
+
+void AllLogsFrm::installDefaultHooks()
+{
+    chooseMeterFile = [this](int meterIndex) { return defaultMeterFileDialog(meterIndex); };
+    runDataPointDialog = [this] {
+        const QList<DataPointRow> available =
+            m_context.dictionary ? DataPointSelection::available(
+                                       LogFileList::expand(m_meters.usedFiles(),
+                                                           static_cast<int>(LogKind::Snapshots)),
+                                       *m_context.dictionary, m_context.technicianMode,
+                                       m_meters.device(0).userItemLabels)
+                                 : QList<DataPointRow>{};
+        SelDataPoints dialog(m_points, m_buffer, available, m_meters.usedCount(),
+                             m_context.paths.settingsFile, this);
+        connect(&dialog, &SelDataPoints::helpRequested, this, &AllLogsFrm::helpRequested);
+        return dialog.exec() == QDialog::Accepted;
+    };
+    runTimeRangeDialog = [this] {
+        SelTimeRange dialog(m_time, m_buffer, TimeSelection::dataBounds(m_meters),
+                            QDateTime::currentDateTime(), twentyFourHour(m_context.timeFormat),
+                            this);
+        connect(&dialog, &SelTimeRange::helpRequested, this, &AllLogsFrm::helpRequested);
+        return dialog.exec() == QDialog::Accepted;
+    };
+    chooseSplitLog = [this](const QString& dmlPath) {
+        frmDeviceMasterLog dialog(dmlPath, this);
+        return dialog.exec() == QDialog::Accepted ? dialog.selectedPath() : QString();
+    };
+}
+
+QString AllLogsFrm::defaultMeterFileDialog(int meterIndex)
+{
+    const QString title = userText("310080", "Select a log database file for meter") +
+                          QLatin1Char(' ') + QString::number(meterIndex + 1);
+    const QString dataLog = userText("310081", "Data Log File") + QStringLiteral(" (*.DB)");
+    QStringList filters{dataLog};
+    QString preselected = dataLog;
+    if (meterIndex == 0) {
+        filters << userText("310082", "Device Master Log") + QStringLiteral(" (*.dml)");
+        preselected = userText("310083", "Log File") + QStringLiteral(" (*.db *.dml)");
+        filters << preselected;
+    }
+    return QFileDialog::getOpenFileName(this, title, m_meters.lastFolder(),
+                                        filters.join(QStringLiteral(";;")), &preselected);
+}
+
+QString AllLogsFrm::splitLogMarker() const
+{
+    if (!m_meters.deviceMasterLog().isEmpty())
+        return m_meters.deviceMasterLog();
+    return SplitLogMeter::dmlFolderOfLogFile(m_meters.device(0).filePath) + QLatin1Char('/');
+}
+
+void AllLogsFrm::Command2_Click(int index)
+{
+    if (index < 0 || index >= ViewButtons::count)
+        return;
+    ViewDispatch::Request request;
+    try {
+        ViewDispatch::Dialogs dialogs{[this] { Command3_Click(2); }, chooseSplitLog};
+        request = m_dispatch->Command2_Click(index, QDateTime::currentDateTime(), 0, dialogs);
+    } catch (const Fault& fault) {
+        userMessages().show(fault.message(), UserMessages::Icon::Critical);
+        emit programEndRequested();
+        return;
+    }
+    showMessages(request.messages, UserMessages::Icon::Warning);
+    // A split-log press may have opened another log file of the meter.
+    if (index == ViewButtons::DatabaseStatus)
+        DoReFresh();
+
+    switch (request.action) {
+    case ViewDispatch::Action::Grid:
+        emit viewRequested(request);
+        break;
+    case ViewDispatch::Action::Billing:
+        // The billing program's path lives in the sibling program's settings, absent here.
+        userMessages().show(userText("310090", "Please set it in Tessera software"),
+                            UserMessages::Icon::Information,
+                            userText("310091", "Energy Billing Module."));
+        break;
+    case ViewDispatch::Action::Export:
+        userMessages().show(userText("310092", "Launch") + QLatin1Char(' ') + exportTitle(index) +
+                                QLatin1Char(' ') + userText("310093", "Failed") + QLatin1Char('.'),
+                            UserMessages::Icon::Warning);
+        break;
+    case ViewDispatch::Action::Refused:
+    case ViewDispatch::Action::SplitLogNeeded:
+        break;
+    }
+}
+
+void AllLogsFrm::Command3_Click(int index)
+{
+    switch (index) {
+    case 0:
+    case 1: {
+        const QString path = chooseMeterFile(index);
+        if (!path.isEmpty())
+            openMeterFile(path, index);
+        break;
+    }
+    case 2:
+        if (!m_meters.anyMeterSelected()) {
+            userMessages().show(userText("310094", "Please select a meter data file."),
+                                UserMessages::Icon::Warning);
+            return;
+        }
+        if (!m_points.valid())
+            m_points.loadDefaults(m_context.defaultSelection,
+                                  defaultsPresent(m_context.defaultSelection));
+        runDataPointDialog();
+        showSelectionTexts();
+        break;
+    case 3:
+        if (runTimeRangeDialog()) {
+            m_time.write(m_context.defaultSelection);
+            if (!m_context.paths.settingsFile.isEmpty())
+                m_context.defaultSelection.writeTimeRange(m_context.paths.settingsFile);
+        }
+        showSelectionTexts();
+        break;
+    case 4:
+        // No sibling program runs beside this one: its window cannot be brought up.
+        userMessages().show(userText("310095", "Cannot find ") + siblingTitle() +
+                                QStringLiteral(".\n") +
+                                userText("310096", "Application may not be active."),
+                            UserMessages::Icon::Warning);
+        break;
+    case 5:
+        emit helpRequested(QStringLiteral("LRMain"));
+        break;
+    default:
+        break;
+    }
+}
+
+bool AllLogsFrm::openMeterFile(const QString& path, int meterIndex)
+{
+    AddFileToSystem::Outcome outcome;
+    try {
+        outcome = m_addFile->run(path, QFileInfo(path).fileName(), meterIndex);
+    } catch (const Fault& fault) {
+        userMessages().show(fault.message(), UserMessages::Icon::Critical);
+        emit programEndRequested();
+        return false;
+    }
+    showMessages(outcome.messages,
+                 outcome.added ? UserMessages::Icon::Information : UserMessages::Icon::Warning);
+    if (outcome.added) {
+        if (m_meters.deviceMasterLog().isEmpty())
+            m_meters.setLastFolder(QFileInfo(path).absolutePath());
+        DefaultSelection& stored = m_context.defaultSelection;
+        const DeviceRecord& device = m_meters.device(meterIndex);
+        (meterIndex == 0 ? stored.device1 : stored.device2) = device.hardwareName;
+        (meterIndex == 0 ? stored.device1Path : stored.device2Path) = device.filePath;
+        if (!m_context.paths.settingsFile.isEmpty())
+            stored.writeDevices(m_context.paths.settingsFile);
+    }
+    DoReFresh();
+    return outcome.added;
+}
+
+void AllLogsFrm::autoLoadNewestFile()
+{
+    const QString folder = m_context.settings.currentPath;
+    if (folder.isEmpty() || !QFileInfo(folder).isDir()) {
+        userMessages().show(userText("310097", "Invalid path") + QLatin1Char('\n') +
+                                userText("310098", "Please start Tessera Ext to resolve error") +
+                                QStringLiteral(": ") + folder,
+                            UserMessages::Icon::Warning);
+        return;
+    }
+    const QFileInfoList files = QDir(folder).entryInfoList({QStringLiteral("*.DB")}, QDir::Files,
+                                                           QDir::Name | QDir::IgnoreCase);
+    const QFileInfo* newest = nullptr;
+    for (const QFileInfo& file : files) {
+        // Strictly later: of files written at the same moment the first one listed wins.
+        if (!newest || file.lastModified() > newest->lastModified())
+            newest = &file;
+    }
+    if (newest)
+        openMeterFile(newest->absoluteFilePath(), 0);
+}
+
+void AllLogsFrm::DoReFresh()
+{
+    fillTree();
+    fillCombos();
+    enableViewButtons();
+    showSelectionTexts();
+}
+
+void AllLogsFrm::fillTree()
+{
+    m_tree->clear();
+    auto* root = new QTreeWidgetItem(m_tree, QStringList{userText("310100", "All Devices")});
+    root->setData(0, keyRole, QStringLiteral("ROOT"));
+    for (int id = 0; id < m_context.deviceTypes.size(); ++id) {
+        const DeviceTypeTable::Entry type = m_context.deviceTypes.entry(id);
+        if (type.inUse)
+            addNode(root, QStringLiteral("DevID#_%1").arg(id), type.name);
+    }
+
+    const QStringList itemLabels = SchemaCatalog::logDisplayNames();
+    for (int i = 1; i <= m_meters.maxDevices(); ++i) {
+        const DeviceRecord& device = m_meters.device(i - 1);
+        if (device.filePath.isEmpty())
+            continue;
+        const QString typeKey = QStringLiteral("DevID#_%1").arg(device.deviceTypeId);
+        QTreeWidgetItem* typeNode = nullptr;
+        for (int c = 0; c < root->childCount() && !typeNode; ++c) {
+            if (root->child(c)->data(0, keyRole).toString() == typeKey)
+                typeNode = root->child(c);
+        }
+        if (!typeNode)
+            typeNode = addNode(root, typeKey, device.deviceType);
+        QTreeWidgetItem* meterNode =
+            addNode(typeNode, QStringLiteral("Device_%1").arg(i), device.fileName);
+        meterNode->setData(0, tagRole, device.filePath);
+        meterNode->setToolTip(0, device.filePath);
+
+        QList<LogTreeEntry> logs;
+        try {
+            MeterDatabase meter(device.filePath, QStringLiteral("DoReFresh"));
+            logs = LogTree::read(meter);
+        } catch (const std::exception&) {
+            // A meter that no longer opens keeps its node without items.
+            continue;
+        }
+        for (int n = 1; n < itemLabels.size(); ++n) {
+            QString text = itemLabels.at(n);
+            if (n == 1)
+                text += QStringLiteral(" = ") + device.hardwareName + QStringLiteral(" (") +
+                        device.hardwareId + QLatin1Char(')');
+            else if (n == 2)
+                text += QStringLiteral(" = ") + device.filePath;
+            QTreeWidgetItem* item =
+                addNode(meterNode, QStringLiteral("DeItem_%1|D_%2").arg(n).arg(i), text);
+            for (const LogTreeEntry& log : logs) {
+                if (log.logKind == n)
+                    addNode(item, QStringLiteral("LogsID_%1|D_%2|Logs_1").arg(n).arg(i),
+                            log.text());
+            }
+        }
+        meterNode->setExpanded(true);
+        typeNode->setExpanded(true);
+    }
+    root->setExpanded(true);
+}
+
+void AllLogsFrm::fillCombos()
+{
+    for (int i = 0; i < 2; ++i) {
+        QComboBox* combo = m_combos.at(static_cast<size_t>(i));
+        combo->clear();
+        if (i < m_meters.maxDevices()) {
+            combo->addItems(m_meters.comboItems(i));
+            combo->setCurrentIndex(m_meters.comboSelection(i));
+        }
+    }
+    const bool meter2 = m_meters.maxDevices() > 1 && m_meters.meter2Selectable();
+    m_combos.at(1)->setVisible(meter2);
+    m_selectionButtons.at(1)->setVisible(meter2);
+    m_dmlButton->setVisible(!m_meters.meter2Selectable());
+}
+
+void AllLogsFrm::comboPicked(int meterIndex, int item)
+{
+    // The view buttons keep their state until the enabling rule runs again.
+    m_meters.pickComboItem(meterIndex, item);
+}
+
+void AllLogsFrm::enableViewButtons()
+{
+    m_enabled = ViewButtons::enabled(m_meters);
+    for (int i = 0; i < ViewButtons::count; ++i)
+        m_viewButtons.at(static_cast<size_t>(i))->setEnabled(m_enabled.at(static_cast<size_t>(i)));
+    const bool anyMeter = m_meters.usedCount() > 0;
+    m_selectionButtons.at(2)->setEnabled(anyMeter);
+    m_selectionButtons.at(3)->setEnabled(anyMeter);
+    m_refresh->setEnabled(anyMeter);
+    emit viewButtonsChanged();
+}
+
+void AllLogsFrm::showSelectionTexts()
+{
+    const TimeSelection::Bounds bounds = m_time.bounds(QDateTime::currentDateTime());
+    QString dateFormat = m_context.shortDateFormat.isEmpty() ? QStringLiteral("MM/dd/yyyy")
+                                                             : m_context.shortDateFormat;
+    dateFormat += QLatin1Char(' ') +
+                  (m_context.timeFormat.isEmpty() ? QStringLiteral("HH:mm") : m_context.timeFormat);
+    const QPair<QString, QString> labels = m_time.labels(bounds, dateFormat);
+    m_startLabel->setText(labels.first);
+    m_endLabel->setText(labels.second);
+
+    m_pointsLabel->setText(m_points.statusText());
+    if (m_points.count() == 0)
+        emit statusTextChanged(userText("310101", "NO DATA"),
+                               userText("310102", "No data points selected"));
+    else
+        emit statusTextChanged(QString(), m_points.statusText());
+}
+
+void AllLogsFrm::showMessages(const QStringList& messages, UserMessages::Icon icon)
+{
+    for (const QString& message : messages)
+        userMessages().show(message, icon);
+}
+
+bool AllLogsFrm::viewButtonEnabled(int index) const
+{
+    return index >= 0 && index < ViewButtons::count && m_enabled.at(static_cast<size_t>(index));
+}
+
+MeterTable& AllLogsFrm::meters()
+{
+    return m_meters;
+}
+
+DataPointSelection& AllLogsFrm::dataPoints()
+{
+    return m_points;
+}
+
+TimeSelection& AllLogsFrm::timeSelection()
+{
+    return m_time;
+}
+
+TopQueryBuffer& AllLogsFrm::topQueryBuffer()
+{
+    return m_buffer;
+}
 
 } // namespace lorvane

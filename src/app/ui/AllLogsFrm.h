@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/UserMessages.h"
 #include "query/AddFileToSystem.h"
 #include "query/DataPointSelection.h"
 #include "query/MeterTable.h"
@@ -77,12 +78,14 @@ private:
     void buildWindow();
     void installDefaultHooks();
     QString defaultMeterFileDialog(int meterIndex);
+    /// The path the Device Master Log window starts from for the open split-log meter.
+    QString splitLogMarker() const;
     void fillTree();
     void fillCombos();
     void enableViewButtons();
     void showSelectionTexts();
     void comboPicked(int meterIndex, int item);
-    void showMessages(const QStringList& messages);
+    void showMessages(const QStringList& messages, UserMessages::Icon icon);
 
     RunContext& m_context;
     MeterTable m_meters;
