@@ -122,7 +122,9 @@ QString CliOutput::usageText()
                           "(--from T --to T | --last N minutes|hours|days|weeks) [--page N | "
                           "--all-pages] [--sort ITEM] [--desc] [--type NAME] [--format csv|json] "
                           "[--template PATH] [--dictionary PATH]   the grids of a view "
-                          "(snapshots, demand, ...)\n");
+                          "(snapshots, demand, ...)\n"
+                          "  waveform --meter FILE --record N [--json] [--samples csv] "
+                          "[--template PATH]   header or samples of one waveform capture\n");
 }
 
 int CliOutput::usage(const QString& message)

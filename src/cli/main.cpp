@@ -8,6 +8,7 @@
 #include "SetupCommand.h"
 #include "StatusCommand.h"
 #include "UpgradeCommand.h"
+#include "WaveformCommand.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -35,5 +36,7 @@ int main(int argc, char* argv[])
         return lorvane::cli::SetupCommand::run(arguments);
     if (command == QLatin1String("label"))
         return lorvane::cli::LabelCommand::run(arguments);
+    if (command == QLatin1String("waveform"))
+        return lorvane::cli::WaveformCommand::run(arguments);
     return lorvane::cli::CliOutput::usage(QStringLiteral("unknown command: ") + command);
 }

@@ -1,0 +1,292 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WaveformCommand.h"
+
+#include "CliOutput.h"
+#include "ExitCode.h"
+#include "FaultExitCode.h"
+#include "platform/Fault.h"
+#include "platform/StorageError.h"
+#include "query/LoadProgress.h"
+#include "query/MeterInventory.h"
+#include "query/QueryContext.h"
+#include "query/SplitLogMeter.h"
+#include "query/WaveformView.h"
+#include "store/MeterDatabase.h"
+#include "store/StampedTime.h"
+#include "store/TempQueryDatabase.h"
+#include "waveform/WaveformCapture.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <algorithm>
+#include <functional>
+#include <limits>
+
+namespace lorvane::cli {
+
+namespace {
+
+struct Options
+{
+    QString meter;
+    qint32 record = -1;
+    bool json = false;
+    bool samples = false;
+    QString templatePath;
+};
+
+/// One option: its name, whether a value follows, and what it does with it (an ExitCode).
+struct OptionRule
+{
+    const char* name;
+    bool takesValue;
+    std::function<int(const QString& value, Options& o)> apply;
+};
+
+const QList<OptionRule>& optionRules()
+{
+    static const QList<OptionRule> rules{
+        {"--meter", true,
+         [](const QString& value, Options& o) {
+             o.meter = value;
+             return int(Success);
+         }},
+        {"--record", true,
+         [](const QString& value, Options& o) {
+             bool ok = false;
+             o.record = value.toInt(&ok);
+             if (!ok || o.record < 1)
+                 return CliOutput::usage(QStringLiteral("--record needs a record counter from 1"));
+             return int(Success);
+         }},
+        {"--json", false,
+         [](const QString&, Options& o) {
+             o.json = true;
+             return int(Success);
+         }},
+        {"--samples", true,
+         [](const QString& value, Options& o) {
+             if (value != QLatin1String("csv"))
+                 return CliOutput::usage(QStringLiteral("--samples is csv"));
+             o.samples = true;
+             return int(Success);
+         }},
+        {"--template", true,
+         [](const QString& value, Options& o) {
+             o.templatePath = value;
+             return int(Success);
+         }},
+    };
+    return rules;
+}
+
+int parse(const QStringList& arguments, Options& o)
+{
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QString& a = arguments.at(i);
+        const auto rule =
+            std::find_if(optionRules().begin(), optionRules().end(),
+                         [&](const OptionRule& r) { return a == QLatin1String(r.name); });
+        if (rule == optionRules().end())
+            return CliOutput::usage(QStringLiteral("unknown option: ") + a);
+        QString value;
+        if (rule->takesValue) {
+            if (i + 1 >= arguments.size())
+                return CliOutput::usage(a + QStringLiteral(" needs a value"));
+            value = arguments.at(++i);
+        }
+        if (const int code = rule->apply(value, o); code != Success)
+            return code;
+    }
+    if (o.meter.isEmpty() || o.record < 1)
+        return CliOutput::usage(QStringLiteral("waveform needs --meter FILE and --record N"));
+    if (o.json && o.samples)
+        return CliOutput::usage(QStringLiteral("give either --json or --samples csv"));
+    return Success;
+}
+
+QString stamp(const QDateTime& clock, double ms)
+{
+    return StampedTime(clock, ms, 0)
+        .text(QStringLiteral("yyyy-MM-dd HH:mm:ss"), QLocale::c(),
+              StampedTime::Fraction::TenthMilliseconds);
+}
+
+template <typename Array> QJsonArray list(const Array& values)
+{
+    QJsonArray out;
+    for (const auto& value : values)
+        out.append(value);
+    return out;
+}
+
+QJsonObject header(const WaveformCapture& capture)
+{
+    const WaveformRecord& r = capture.record();
+    QJsonObject o{
+        {QStringLiteral("recCounter"), r.recCounter},
+        {QStringLiteral("deviceIndex"), r.deviceIndex},
+        {QStringLiteral("logIndex"), r.logIndex},
+        {QStringLiteral("deviceTypeId"), r.deviceTypeId},
+        {QStringLiteral("hardwareName"), r.hardwareName},
+        {QStringLiteral("triggerTime"), stamp(r.triggerTime, r.triggerMs)},
+        {QStringLiteral("wtTime"), stamp(r.wtTime, r.wtMs)},
+        {QStringLiteral("waveStart"), r.waveStartText},
+        {QStringLiteral("waveEnd"), r.waveEndText},
+        {QStringLiteral("duration"), r.durationText},
+        {QStringLiteral("triggeredBy"), r.triggeredBy},
+        {QStringLiteral("waveformNumber"), r.waveformNumber},
+        {QStringLiteral("waveformTriggerNumber"), r.waveformTriggerNumber},
+        {QStringLiteral("contiguous"), r.contiguous},
+        {QStringLiteral("captureSequence"), r.captureSequence},
+        {QStringLiteral("sampleRate"), r.sampleRate},
+        {QStringLiteral("sampleCount"), r.sampleCount},
+        {QStringLiteral("pointsInCycle"), r.pointsInCycle},
+        {QStringLiteral("timingPT"), r.timingPT},
+        {QStringLiteral("endTriggerCycPT"), r.endTriggerCycPT},
+        {QStringLiteral("mode"), r.mode},
+        {QStringLiteral("captureNum"), r.captureNum},
+        {QStringLiteral("recordFormat"), r.recordFormat},
+        {QStringLiteral("hookUp"), r.hookUp},
+        {QStringLiteral("systemFrequency"), r.systemFrequency},
+        {QStringLiteral("rmsValues"), list(r.rmsValues)},
+        {QStringLiteral("fullScale"), list(r.fullScale)},
+        {QStringLiteral("ptCtRatio"), list(r.ptCtRatio)},
+        {QStringLiteral("hasNext1"), r.hasNext1},
+        {QStringLiteral("nextRecCounter1"), r.nextRecCounter1},
+        {QStringLiteral("hasNext2"), r.hasNext2},
+        {QStringLiteral("nextRecCounter2"), r.nextRecCounter2},
+        {QStringLiteral("inputLabels"), list(r.inputLabels)},
+        {QStringLiteral("channelLabels"), list(capture.channels().labels)},
+        {QStringLiteral("recorded"), list(capture.channels().recorded)},
+    };
+    if (!r.csvPath.isEmpty())
+        o.insert(QStringLiteral("csvPath"), r.csvPath);
+    return o;
+}
+
+void printText(const QJsonObject& object)
+{
+    QTextStream out(stdout);
+    for (auto it = object.begin(); it != object.end(); ++it) {
+        QString value;
+        if (it.value().isArray()) {
+            QStringList cells;
+            for (const QJsonValue& cell : it.value().toArray())
+                cells << cell.toVariant().toString();
+            value = cells.join(QStringLiteral(", "));
+        } else {
+            value = it.value().toVariant().toString();
+        }
+        out << it.key() << ": " << value << '\n';
+    }
+}
+
+QString csvCell(const QString& text)
+{
+    if (!text.contains(QLatin1Char(',')) && !text.contains(QLatin1Char('"')))
+        return text;
+    return QLatin1Char('"') + QString(text).replace(QStringLiteral("\""), QStringLiteral("\"\"")) +
+           QLatin1Char('"');
+}
+
+void printSamples(const WaveformChannels& channels)
+{
+    QTextStream out(stdout);
+    QStringList heading{QStringLiteral("Time ms")};
+    for (const QString& label : channels.labels)
+        heading << csvCell(label);
+    out << heading.join(QLatin1Char(',')) << '\n';
+    for (int i = 0; i < channels.sampleCount(); ++i) {
+        out << QString::number(double(channels.time.at(i)), 'g', 7);
+        for (const QVector<float>& channel : channels.samples)
+            out << ',' << QString::number(double(channel.at(i)), 'g', 7);
+        out << '\n';
+    }
+}
+
+int exitCodeFor(WaveformCapture::Failure failure)
+{
+    return failure == WaveformCapture::Failure::FileMissing ? FileMissing : Failure;
+}
+
+} // namespace
+
+int WaveformCommand::run(const QStringList& arguments)
+{
+    Options o;
+    if (const int code = parse(arguments, o); code != Success)
+        return code;
+    if (o.templatePath.isEmpty())
+        o.templatePath =
+            QDir(QCoreApplication::applicationDirPath())
+                .filePath(QStringLiteral("../share/lorvane/Resource/LorvaneTempQuery.DB"));
+    if (!QFileInfo(o.meter).isFile()) {
+        CliOutput::error(QStringLiteral("file not found: ") + o.meter);
+        return FileMissing;
+    }
+    try {
+        // A split-log meter is opened through its system event database, as the selection
+        // window does; the view then finds its capture logs beside it.
+        const QString path = SplitLogMeter::isDeviceMasterLog(o.meter)
+                                 ? SplitLogMeter::systemEventPath(o.meter)
+                                 : o.meter;
+        MeterDatabase meter(path);
+        const DeviceRecord device = MeterInventory::read(meter, 0);
+        LogFileEntry entry;
+        entry.dbPath = QFileInfo(path).absoluteFilePath();
+        entry.deviceTypeId = device.deviceTypeId;
+        entry.hardwareName = device.hardwareName;
+        entry.used = true;
+        entry.deviceIndex = 0;
+
+        QTemporaryDir scratchFolder;
+        if (!scratchFolder.isValid()) {
+            CliOutput::error(QStringLiteral("cannot make a scratch folder: ") +
+                             scratchFolder.errorString());
+            return Failure;
+        }
+        auto scratch = TempQueryDatabase::create(o.templatePath, scratchFolder.path(),
+                                                 QCoreApplication::applicationPid());
+        // Every capture of the file, whatever its day, in one slice.
+        QueryContext context;
+        context.scratch = scratch.get();
+        context.files << entry;
+        context.start = QDateTime(QDate(1980, 1, 1), QTime(0, 0, 0));
+        context.end = QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59));
+        context.tempLogRecSize = std::numeric_limits<int>::max();
+        SilentProgress progress;
+        context.progress = &progress;
+        const ViewResult view = WaveformView::run(context);
+
+        WaveformCapture capture;
+        const bool opened = capture.open(scratch->database(), view.numbers, o.record);
+        if (!opened) {
+            CliOutput::error(capture.message());
+            scratch->closeAndDelete();
+            return exitCodeFor(capture.failure());
+        }
+        if (o.samples)
+            printSamples(capture.channels());
+        else if (o.json)
+            CliOutput::printJson(header(capture));
+        else
+            printText(header(capture));
+        scratch->closeAndDelete();
+        return Success;
+    } catch (const Fault& fault) {
+        CliOutput::error(fault.message());
+        return lorvane::cli::exitCodeFor(fault);
+    } catch (const StorageError& error) {
+        CliOutput::error(QString::fromUtf8(error.what()));
+        return Failure;
+    }
+}
+
+} // namespace lorvane::cli
