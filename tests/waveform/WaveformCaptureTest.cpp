@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Captures of simulated meters opened through the waveform view's scratch tables: the samples
+// against the rows' RMS columns, the sag level and transient spike at the trigger, the sample
+// counts of each meter family, the contiguous rows, and the capture files of a split meter.
+#include "waveform/WaveformCapture.h"
+
+#include "../query/WaveformSimMeters.h"
+#include "platform/SqlIdentifier.h"
+#include "platform/SqliteDatabase.h"
+#include "query/WaveformView.h"
+#include "waveform/CsvCaptureFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace lorvane;
+using lorvane::test::WaveformSimMeters;
+
+namespace {
+
+/// The waveform view of one meter over both simulated days, and its scratch database.
+struct OpenedQuery
+{
+    WaveformSimMeters sim;
+    QueryContext context;
+    QueryNumbers numbers;
+
+    explicit OpenedQuery(const LogFileEntry& meter)
+        : context(sim.context({meter}, "2024-03-04 00:00:00", "2024-03-05 23:59:59"))
+    {
+        context.tempLogRecSize = 1000000;
+        numbers = WaveformView::run(context).numbers;
+    }
+    SqliteDatabase& db() { return context.scratch->database(); }
+    /// RecCounter of the first row matching `where` (plain SQL on the query's waveform table).
+    qint32 recCounter(const QString& where)
+    {
+        return db()
+            .scalar(
+                QStringLiteral("SELECT [RecCounter] FROM %1 WHERE %2 ORDER BY [RecCounter]")
+                    .arg(SqlIdentifier::quote(numbers.sliceTable(QStringLiteral("WaveformLog_"))),
+                         where))
+            .toInt();
+    }
+};
+
+double rms(const QVector<float>& samples, int from, int count)
+{
+    double sum = 0.0;
+    for (int i = from; i < from + count; ++i)
+        sum += double(samples.at(i)) * samples.at(i);
+    return std::sqrt(sum / count);
+}
+
+} // namespace
+
+TEST(WaveformCapture, PureSineMatchesItsRmsColumnsAndIsASine)
+{
+    OpenedQuery query(WaveformSimMeters::standard());
+    // Periodic capture of setting 3: 16 samples per cycle, a pure sine on every channel.
+    const qint32 rc = query.recCounter(QStringLiteral("[Index]=3 AND [TriggeredBy1]='Periodic'"));
+    ASSERT_GT(rc, 0);
+    WaveformCapture capture;
+    QStringList steps;
+    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc, [&](const QString& text) {
+        steps << text;
+    })) << capture.message().toStdString();
+    EXPECT_EQ(steps.first(), QStringLiteral("Reading the Waveform data file"));
+    const WaveformRecord& r = capture.record();
+    const WaveformChannels& ch = capture.channels();
+    EXPECT_EQ(r.sampleRate, 16);
+    EXPECT_EQ(r.sampleCount, 1024);
+    ASSERT_EQ(ch.sampleCount(), 1024);
+    // 60 Hz base: one sample is 1/16 of 16.667 ms, rounded to two decimals; the step is
+    // held in single precision, so sample 1023 reads 1065.62 where the exact step gives .63.
+    EXPECT_NEAR(ch.time.at(1), 1.04, 1e-6);
+    EXPECT_NEAR(ch.time.at(1023), 1065.62, 1e-3);
+    for (int c = 0; c < 6; ++c) {
+        const double expected = r.rmsValues[c < 3 ? c : c + 1];
+        EXPECT_NEAR(rms(ch.samples[c], 0, 1024), expected, 0.01) << c;
+        // Samples of a pure sine: amplitude * sin(angle + 2 pi i / 16), the angle from sample 0
+        // and the quarter-cycle sample.
+        const double amplitude = expected * std::sqrt(2.0);
+        const double angle = std::atan2(ch.samples[c].at(0), ch.samples[c].at(4));
+        for (int i = 0; i < 64; ++i)
+            EXPECT_NEAR(ch.samples[c].at(i), amplitude * std::sin(angle + 2 * M_PI * i / 16), 0.01)
+                << c << " " << i;
+    }
+    EXPECT_EQ(ch.labels[0], QStringLiteral("Van"));
+    EXPECT_EQ(ch.labels[WaveformChannels::Input1], QStringLiteral("Breaker 52a"));
+    EXPECT_EQ(ch.labels[WaveformChannels::Input1 + 6], QStringLiteral("Input 7"));
+    // Input lanes: input 8 held at 1 sits in lane 14, input 2 toggles between 2 and 3.
+    EXPECT_FLOAT_EQ(ch.samples[WaveformChannels::Input1 + 7].at(100), 15.0F);
+    EXPECT_FLOAT_EQ(ch.samples[WaveformChannels::Input1 + 1].at(0), 2.0F);
+    EXPECT_FLOAT_EQ(ch.samples[WaveformChannels::Input1 + 1].at(16), 3.0F);
+    EXPECT_FALSE(r.hasNext1);
+    EXPECT_FALSE(r.hasNext2);
+}
+
+TEST(WaveformCapture, SagLevelAfterTheTriggerAndContiguousRows)
+{
+    OpenedQuery query(WaveformSimMeters::standard());
+    const qint32 rc =
+        query.recCounter(QStringLiteral("[TriggeredBy1] LIKE '% Sag' AND [Contiguous]=0"));
+    ASSERT_GT(rc, 0);
+    WaveformCapture capture;
+    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc)) << capture.message().toStdString();
+    const WaveformRecord& r = capture.record();
+    ASSERT_EQ(r.sampleRate, 128);
+    // Three rows of 1024: the trigger four cycles in; both following rows are found.
+    EXPECT_EQ(r.timingPT, 512);
+    ASSERT_TRUE(r.hasNext1);
+    ASSERT_TRUE(r.hasNext2);
+    EXPECT_EQ(r.nextRecCounter1, rc + 1);
+    EXPECT_EQ(r.nextRecCounter2, rc + 2);
+    const int channel = r.triggeredBy.startsWith(QLatin1String("Van"))   ? 0
+                        : r.triggeredBy.startsWith(QLatin1String("Vbn")) ? 1
+                                                                         : 2;
+    const double before = rms(capture.channels().samples[channel], 0, 128);
+    const double after = rms(capture.channels().samples[channel], r.timingPT, 128);
+    EXPECT_NEAR(before, r.rmsValues[channel], 0.5);
+    EXPECT_LT(after, before * 0.95);
+
+    // The next row's voltages, loaded alone: the open capture's arrays stay as they are.
+    const QVector<float> own = capture.channels().samples[0];
+    WaveformChannels next;
+    ASSERT_TRUE(capture.loadAdjacent(0, 0, next));
+    EXPECT_EQ(next.sampleCount(), 1024);
+    EXPECT_TRUE(next.recorded[0] && next.recorded[2]);
+    EXPECT_FALSE(next.recorded[3]);
+    EXPECT_GT(rms(next.samples[0], 0, 1024), 1.0);
+    EXPECT_EQ(rms(next.samples[3], 0, 1024), 0.0);
+    EXPECT_EQ(capture.channels().samples[0], own);
+    WaveformChannels currents;
+    ASSERT_TRUE(capture.loadAdjacent(1, 4, currents));
+    EXPECT_TRUE(currents.recorded[3] && currents.recorded[5]);
+    EXPECT_FALSE(currents.recorded[0]);
+}
+
+TEST(WaveformCapture, TransientSpikeAtTheTriggerSample)
+{
+    OpenedQuery query(WaveformSimMeters::standard());
+    const qint32 rc = query.recCounter(QStringLiteral("[TriggeredBy1] LIKE '% Transient'"));
+    ASSERT_GT(rc, 0);
+    WaveformCapture capture;
+    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc)) << capture.message().toStdString();
+    const WaveformRecord& r = capture.record();
+    ASSERT_EQ(r.sampleRate, 512);
+    EXPECT_EQ(r.sampleCount, 4096);
+    const int channel = r.triggeredBy.startsWith(QLatin1String("Van"))   ? 0
+                        : r.triggeredBy.startsWith(QLatin1String("Vbn")) ? 1
+                                                                         : 2;
+    const QVector<float>& wave = capture.channels().samples[channel];
+    // The spike stands out against the same point one cycle earlier.
+    const double jump = wave.at(r.timingPT) - wave.at(r.timingPT - 512);
+    EXPECT_GT(std::abs(jump), 20.0);
+    // Once the spike has died away the wave repeats cycle by cycle again.
+    EXPECT_LT(std::abs(wave.at(4095) - wave.at(4095 - 512)), 1.0);
+    // Format -1 at 512 carries no I_n.
+    EXPECT_EQ(capture.channels().labels[WaveformChannels::In], QStringLiteral("In-N/A"));
+}
+
+TEST(WaveformCapture, TalmoSixteenPerCycleHas960SamplesOnA50HzAxis)
+{
+    OpenedQuery query(WaveformSimMeters::talmo());
+    const qint32 rc = query.recCounter(QStringLiteral("[Index]=3 AND [TriggeredBy1]='Periodic'"));
+    ASSERT_GT(rc, 0);
+    WaveformCapture capture;
+    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc)) << capture.message().toStdString();
+    EXPECT_EQ(capture.record().deviceTypeId, 0);
+    EXPECT_EQ(capture.record().sampleCount, 960);
+    EXPECT_EQ(capture.record().systemFrequency, 50);
+    EXPECT_NEAR(capture.channels().time.at(1), 1.25, 1e-6);
+    EXPECT_EQ(capture.channels().labels[WaveformChannels::In],
+              QStringLiteral("In (N/A for Talmo)"));
+}
+
+TEST(WaveformCapture, SplitMeterCaptureFilesAndAMissingFile)
+{
+    OpenedQuery query(WaveformSimMeters::split());
+    const qint32 rc = query.recCounter(QStringLiteral("[TriggeredBy1]='Periodic'"));
+    ASSERT_GT(rc, 0);
+    WaveformCapture capture;
+    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc)) << capture.message().toStdString();
+    const WaveformRecord& r = capture.record();
+    ASSERT_NE(capture.csvFile(), nullptr);
+    EXPECT_FALSE(capture.csvFile()->transient());
+    EXPECT_EQ(capture.csvFile()->channelCount(), 8);
+    EXPECT_EQ(capture.csvFile()->channelId(3), 37);
+    EXPECT_EQ(r.sampleCount, r.sampleRate == 256 ? 2048 : r.sampleRate == 512 ? 4096 : 1024);
+    // Counts scaled back to volts and amps: the RMS columns within a count's rounding.
+    for (int c = 0; c < 6; ++c)
+        EXPECT_NEAR(rms(capture.channels().samples[c], 0, r.sampleCount),
+                    r.rmsValues[c < 3 ? c : c + 1], 0.3)
+            << c;
+
+    const qint32 transient = query.recCounter(QStringLiteral("[TriggeredBy1] LIKE '% Transient'"));
+    ASSERT_GT(transient, 0);
+    WaveformCapture spike;
+    ASSERT_TRUE(spike.open(query.db(), query.numbers, transient)) << spike.message().toStdString();
+    ASSERT_NE(spike.csvFile(), nullptr);
+    EXPECT_TRUE(spike.csvFile()->transient());
+    EXPECT_TRUE(spike.csvFile()->factors().found());
+    EXPECT_EQ(spike.csvFile()->transientBlocks().size(), 1);
+    EXPECT_EQ(spike.csvFile()->transientBlocks().first().hsiTransition,
+              QStringLiteral("0000000000000001"));
+    EXPECT_EQ(spike.record().timingPT, spike.record().sampleRate);
+    // Transient files step 1/61440 s per sample.
+    EXPECT_NEAR(spike.channels().time.at(3), 0.049, 1e-6);
+
+    // The row pointed at an empty capture file beside another meter path: the user's
+    // message names the file, and the capture is gone.
+    QTemporaryDir elsewhere;
+    ASSERT_TRUE(QDir(elsewhere.path()).mkpath(QStringLiteral("csv")));
+    const QString path = elsewhere.filePath(QStringLiteral("csv/EMPTY.csv"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    query.db().execute(
+        QStringLiteral("UPDATE %1 SET [DBPath]=?")
+            .arg(SqlIdentifier::quote(query.numbers.table(QStringLiteral("LogDevices_")))),
+        {elsewhere.filePath(QStringLiteral("meter.db"))});
+    query.db().execute(
+        QStringLiteral("UPDATE %1 SET [sample0]=? WHERE [RecCounter]=?")
+            .arg(SqlIdentifier::quote(query.numbers.sliceTable(QStringLiteral("WaveformLog_")))),
+        {QStringLiteral("csv\\EMPTY.csv"), rc});
+    WaveformCapture failed;
+    EXPECT_FALSE(failed.open(query.db(), query.numbers, rc));
+    EXPECT_EQ(failed.failure(), WaveformCapture::Failure::FileMissing);
+    EXPECT_EQ(failed.message(), QStringLiteral("File Error: The file ") + path +
+                                    QStringLiteral(" has a length of zero or does not exist at "
+                                                   "the specified location"));
+    EXPECT_FALSE(failed.isOpen());
+    EXPECT_FALSE(failed.open(query.db(), query.numbers, 999999));
+    EXPECT_EQ(failed.failure(), WaveformCapture::Failure::RecordMissing);
+}
