@@ -54,7 +54,9 @@ TEST(MainFrame, LoadsCleansUpShowsSelectionAndRemovesScratchOnClose)
         QStringLiteral("PID=%1").arg(QCoreApplication::applicationPid())));
     EXPECT_TRUE(frame->isVisible());
     EXPECT_NE(frame->statusBar(), nullptr);
-    ASSERT_EQ(frame->mdiArea()->subWindowList().size(), 1);
+    // The selection window and the grid window, which stays hidden until a view opens.
+    ASSERT_EQ(frame->mdiArea()->subWindowList().size(), 2);
+    EXPECT_FALSE(frame->gridSubWindow()->isVisible());
     EXPECT_EQ(frame->mdiArea()->activeSubWindow()->widget(), frame->selectionWindow());
     EXPECT_TRUE(frame->selectionWindow()->isVisible());
     EXPECT_EQ(context.commandLine, installation.root() + "/Meter1.DB");
