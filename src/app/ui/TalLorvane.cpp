@@ -11,6 +11,7 @@
 #include "app/OpenLogRequest.h"
 #include "app/PrinterCheck.h"
 #include "app/RunContext.h"
+#include "frmProgress.h"
 #include "gridview/ui/TalHistView.h"
 #include "platform/RegistryAccess.h"
 #include "platform/UserMessages.h"
@@ -135,6 +136,9 @@ void TalLorvane::createChildren()
         wait->show();
         return wait;
     });
+
+    m_progress = new frmProgress(this);
+    m_progress->hide();
 
     connect(m_selection, &AllLogsFrm::viewRequested, this,
             [this](const ViewDispatch::Request& request) {

@@ -16,6 +16,7 @@ namespace lorvane {
 class AllLogsFrm;
 class SingleInstanceChannel;
 class TalHistView;
+class frmProgress;
 struct RunContext;
 
 /// The one top-level window: a frame of child windows with the menus, a status bar and the
@@ -40,6 +41,8 @@ public:
     AllLogsFrm* selectionWindow() const { return m_selection; }
     TalHistView* gridWindow() const { return m_grid; }
     QMdiSubWindow* gridSubWindow() const { return m_gridWindow; }
+    /// The conversion progress window of the run, hidden until a conversion shows it.
+    frmProgress* progressWindow() const { return m_progress; }
     /// Stale scratch files deleted at load.
     int removedScratchFiles() const { return m_removedScratchFiles; }
     /// The first activation (printer check, start command) has run.
@@ -105,6 +108,7 @@ private:
     QMdiSubWindow* m_selectionWindow = nullptr;
     TalHistView* m_grid = nullptr;
     QMdiSubWindow* m_gridWindow = nullptr;
+    frmProgress* m_progress = nullptr;
     QList<QAction*> m_selectActions;
     QList<QAction*> m_viewActions;
     QAction* m_exportPqdif = nullptr;
