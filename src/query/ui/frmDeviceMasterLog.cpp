@@ -36,7 +36,10 @@ frmDeviceMasterLog::frmDeviceMasterLog(const QString& dmlPath, QWidget* parent) 
             status->setForeground(palette().color(QPalette::Disabled, QPalette::Text));
         m_grid->setItem(r, 1, status);
     }
-    m_grid->setMinimumSize(360, 420);
+    // Room for all seventeen logs without scrolling.
+    const int rowHeight = fontMetrics().height() + 8;
+    m_grid->verticalHeader()->setDefaultSectionSize(rowHeight);
+    m_grid->setMinimumSize(360, rowHeight * (DeviceMasterLog::logCount + 1) + 8);
     connect(m_grid, &QTableWidget::cellClicked, this, [this](int row, int) { selectRow(row); });
     connect(m_grid, &QTableWidget::cellDoubleClicked, this, [this](int row, int) {
         selectRow(row);
