@@ -14,7 +14,9 @@
 #include "store/MeterDatabase.h"
 #include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
+#include "waveform/InterharmonicAnalysis.h"
 #include "waveform/WaveformCapture.h"
+#include "waveform/WaveformStatistics.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -25,6 +27,7 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <limits>
 
@@ -39,7 +42,24 @@ struct Options
     bool json = false;
     bool samples = false;
     QString templatePath;
+    /// `--stats CHANNEL --at MS`: the statistics of one cycle.
+    int statsChannel = -1;
+    double atMs = 0;
+    /// `--interharmonic CHANNEL --start SAMPLE --system 50|60`.
+    int interharmonicChannel = -1;
+    int windowStart = 0;
+    int systemFrequency = 60;
 };
+
+int channelOption(const QString& value, const char* option, int& channel)
+{
+    bool ok = false;
+    channel = value.toInt(&ok);
+    if (!ok || channel < 0 || channel >= WaveformChannels::channelCount)
+        return CliOutput::usage(QString::fromLatin1(option) +
+                                QStringLiteral(" needs a channel from 0 to 14"));
+    return Success;
+}
 
 /// One option: its name, whether a value follows, and what it does with it (an ExitCode).
 struct OptionRule
@@ -82,6 +102,37 @@ const QList<OptionRule>& optionRules()
              o.templatePath = value;
              return int(Success);
          }},
+        {"--stats", true,
+         [](const QString& value, Options& o) {
+             return channelOption(value, "--stats", o.statsChannel);
+         }},
+        {"--at", true,
+         [](const QString& value, Options& o) {
+             bool ok = false;
+             o.atMs = value.toDouble(&ok);
+             if (!ok || !std::isfinite(o.atMs) || o.atMs < 0)
+                 return CliOutput::usage(QStringLiteral("--at needs milliseconds from 0"));
+             return int(Success);
+         }},
+        {"--interharmonic", true,
+         [](const QString& value, Options& o) {
+             return channelOption(value, "--interharmonic", o.interharmonicChannel);
+         }},
+        {"--start", true,
+         [](const QString& value, Options& o) {
+             bool ok = false;
+             o.windowStart = value.toInt(&ok);
+             if (!ok || o.windowStart < 0)
+                 return CliOutput::usage(QStringLiteral("--start needs a sample number from 0"));
+             return int(Success);
+         }},
+        {"--system", true,
+         [](const QString& value, Options& o) {
+             o.systemFrequency = value.toInt();
+             if (o.systemFrequency != 50 && o.systemFrequency != 60)
+                 return CliOutput::usage(QStringLiteral("--system is 50 or 60"));
+             return int(Success);
+         }},
     };
     return rules;
 }
@@ -108,6 +159,9 @@ int parse(const QStringList& arguments, Options& o)
         return CliOutput::usage(QStringLiteral("waveform needs --meter FILE and --record N"));
     if (o.json && o.samples)
         return CliOutput::usage(QStringLiteral("give either --json or --samples csv"));
+    if (int(o.samples) + int(o.statsChannel >= 0) + int(o.interharmonicChannel >= 0) > 1)
+        return CliOutput::usage(
+            QStringLiteral("give one of --samples, --stats and --interharmonic"));
     return Success;
 }
 
@@ -211,6 +265,86 @@ void printSamples(const WaveformChannels& channels)
     }
 }
 
+// The click position is in milliseconds of the capture's own time axis; its step is taken
+// from the whole axis, since each value is rounded for display.
+double millisecondsPerSample(const WaveformChannels& channels)
+{
+    const int count = channels.sampleCount();
+    return count > 1 ? double(channels.time.last() - channels.time.first()) / (count - 1) : 0.0;
+}
+
+int printStatistics(const WaveformCapture& capture, const Options& o)
+{
+    const WaveformStatistics statistics(capture.record(), capture.channels());
+    const WaveformStatistics::ChannelStatistics values = statistics.computeChannelStatistics(
+        o.statsChannel, o.atMs, millisecondsPerSample(capture.channels()));
+    const QVector<float>& percent = values.harmonics.percent;
+    if (o.json) {
+        QJsonArray harmonics;
+        for (float p : percent)
+            harmonics.append(double(p));
+        CliOutput::printJson(QJsonObject{
+            {QStringLiteral("channel"), o.statsChannel},
+            {QStringLiteral("cursor"), values.window.cursor},
+            {QStringLiteral("start"), values.window.start},
+            {QStringLiteral("end"), values.window.end},
+            {QStringLiteral("rms"), values.rmsText},
+            {QStringLiteral("peak"), values.peakText},
+            {QStringLiteral("crest"), values.crestText},
+            {QStringLiteral("thd"), values.thdText},
+            {QStringLiteral("kFactor"), values.kFactorText},
+            {QStringLiteral("harmonics"), harmonics},
+        });
+        return Success;
+    }
+    QTextStream out(stdout);
+    out << WaveformStatistics::annotationText(values) << '\n';
+    for (int m = 0; m < percent.size(); ++m)
+        out << WaveformStatistics::hotSpotText(m, double(percent[m])) << '\n';
+    return Success;
+}
+
+int printInterharmonic(WaveformCapture& capture, const Options& o)
+{
+    const InterharmonicAnalysis analysis(o.systemFrequency);
+    capture.record().windowStart = o.windowStart;
+    const InterharmonicAnalysis::Result result =
+        analysis.run(capture.record(), capture.channels(), o.interharmonicChannel,
+                     [&capture](int direction, int loadChannel, WaveformChannels& rows) {
+                         return capture.loadAdjacent(direction, loadChannel, rows);
+                     });
+    if (!result.ok) {
+        CliOutput::error(result.message);
+        return Failure;
+    }
+    const GraphSeries& groups = result.groups;
+    if (o.json) {
+        QJsonArray groupList;
+        for (int k = 0; k < groups.y.size(); ++k)
+            groupList.append(QJsonObject{{QStringLiteral("label"), groups.labels.at(k)},
+                                         {QStringLiteral("percent"), groups.y.at(k)}});
+        QJsonArray spectrum;
+        for (float p : result.ampPct)
+            spectrum.append(double(p));
+        CliOutput::printJson(QJsonObject{
+            {QStringLiteral("frequency"), result.frequency},
+            {QStringLiteral("windowStart"), result.windowStart},
+            {QStringLiteral("windowLength"), int(result.samples.size())},
+            {QStringLiteral("groups"), groupList},
+            {QStringLiteral("spectrum"), spectrum},
+        });
+        return Success;
+    }
+    QTextStream out(stdout);
+    out << result.groups.title << '\n';
+    for (int k = 0; k < groups.y.size(); ++k)
+        out << groups.labels.at(k) << ": " << QString::number(groups.y.at(k), 'f', 4) << '\n';
+    out << result.spectrum.title << '\n';
+    for (int m = 0; m < result.ampPct.size(); ++m)
+        out << m * 5 << " Hz: " << QString::number(double(result.ampPct[m]), 'f', 4) << '\n';
+    return Success;
+}
+
 int exitCodeFor(WaveformCapture::Failure failure)
 {
     return failure == WaveformCapture::Failure::FileMissing ? FileMissing : Failure;
@@ -272,14 +406,19 @@ int WaveformCommand::run(const QStringList& arguments)
             scratch->closeAndDelete();
             return exitCodeFor(capture.failure());
         }
-        if (o.samples)
+        int code = Success;
+        if (o.statsChannel >= 0)
+            code = printStatistics(capture, o);
+        else if (o.interharmonicChannel >= 0)
+            code = printInterharmonic(capture, o);
+        else if (o.samples)
             printSamples(capture.channels());
         else if (o.json)
             CliOutput::printJson(header(capture));
         else
             printText(header(capture));
         scratch->closeAndDelete();
-        return Success;
+        return code;
     } catch (const Fault& fault) {
         CliOutput::error(fault.message());
         return lorvane::cli::exitCodeFor(fault);
