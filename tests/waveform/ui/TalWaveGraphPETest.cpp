@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The waveform window on captures written by lorvane-sim: strips and labels, statistics of a
+// clicked cycle, marks, zoom, navigation, the interharmonic view, exports and printing.
+#include "waveform/ui/TalWaveGraphPE.h"
+
+#include "WaveWindowFixture.h"
+#include "platform/UserMessages.h"
+#include "support/ui/Screenshot.h"
+#include "waveform/ui/WaveBarChart.h"
+#include "waveform/ui/frmSetYExtents.h"
+#include "waveform/ui/selWaveGraph_Export.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QFile>
+#include <QImage>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+using namespace lorvane;
+using lorvane::test::WaveWindowFixture;
+
+namespace {
+
+bool hasAnnotation(const WaveStripChart* chart, const QString& text)
+{
+    for (const WaveMarks::Annotation& a : chart->annotations()) {
+        if (a.text == text)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+TEST(TalWaveGraphPE, OpensACaptureWithStripsLabelsAndCycleStatistics)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    const int pureSine = fixture.periodic(128);
+    ASSERT_GE(pureSine, 0);
+
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), pureSine, "Waveforms #1"))
+        << messages.texts().join(u'\n').toStdString();
+    window.show();
+    const WaveformChannels& channels = window.capture().channels();
+    for (int c = 0; c < 7; ++c) {
+        ASSERT_NE(window.strip(c), nullptr);
+        EXPECT_EQ(window.strip(c)->chart()->title(), channels.labels.at(c));
+        EXPECT_GT(window.strip(c)->pointsShown(), 0);
+    }
+    EXPECT_EQ(window.strip(0)->chart()->title(), QStringLiteral("Van"));
+    EXPECT_EQ(window.strip(TalWaveGraphPE::inputsGraph)->chart()->title(),
+              QStringLiteral("Inputs"));
+    EXPECT_TRUE(hasAnnotation(window.strip(0), QStringLiteral("Trigger")));
+    EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("Main Switchboard - Waveform #")));
+    // The chart never holds more than a few points per pixel column.
+    EXPECT_LT(window.strip(0)->pointsShown(), channels.sampleCount() + 3);
+    lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-window"));
+
+    window.setDetailsOn(true);
+    EXPECT_EQ(window.command(TalWaveGraphPE::Details)->text(),
+              QStringLiteral("Waveform &Details Off"));
+    window.clickAt(3, 5.0);
+    EXPECT_EQ(window.statistics().thdText, QStringLiteral(".00"));
+    EXPECT_EQ(window.statistics().kFactorText, QStringLiteral("1.00"));
+    const QStringList lines = window.statisticsText().split(u'\n');
+    ASSERT_EQ(lines.size(), 5);
+    EXPECT_TRUE(lines.at(3).startsWith(QStringLiteral("%THD:")));
+    EXPECT_TRUE(lines.at(3).endsWith(QStringLiteral(".00")));
+    EXPECT_EQ(window.strip(3)->textBlock(), window.statisticsText());
+    EXPECT_TRUE(window.strip(0)->isHidden()) << "the detail view shows the focus strip only";
+    ASSERT_TRUE(window.harmonicChart()->isVisible());
+    ASSERT_GT(window.harmonicChart()->values().size(), 2);
+    EXPECT_NEAR(window.harmonicChart()->values().at(1), 100.0, 1e-3);
+    EXPECT_TRUE(window.graphNames().contains(QStringLiteral("Harmonic")));
+    lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-details"));
+
+    window.setDetailsOn(false);
+    EXPECT_FALSE(window.harmonicChart()->isVisible());
+    EXPECT_TRUE(window.strip(0)->isVisible());
+    window.setNeutralOn(false);
+    EXPECT_TRUE(window.strip(6)->isHidden());
+    EXPECT_EQ(window.command(TalWaveGraphPE::NeutralCurrent)->text(), QStringLiteral("I&n On"));
+}
+
+TEST(TalWaveGraphPE, MarksZoomAndNavigation)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "first"));
+
+    // Mark 2 left of Mark 1: the duration stays positive.
+    window.setMark(1, 20.0);
+    window.setMark(2, 7.66);
+    EXPECT_TRUE(hasAnnotation(window.strip(0), QStringLiteral("     Duration = 12.34ms")));
+    EXPECT_TRUE(hasAnnotation(window.strip(5), QStringLiteral("Mark 2")));
+    messages.setAnswer(false);
+    window.clearMarks();
+    EXPECT_TRUE(window.marks().bothSet());
+    EXPECT_EQ(messages.texts().last(),
+              QStringLiteral("Are you sure you want to clear the markers?"));
+    messages.setAnswer(true);
+    window.clearMarks();
+    EXPECT_FALSE(window.marks().isSet(1));
+    EXPECT_FALSE(hasAnnotation(window.strip(0), QStringLiteral("Mark 1")));
+
+    const double fullEnd = window.strip(0)->xMax();
+    window.zoomTo(10.0, 20.0);
+    for (int c = 0; c < 8; ++c) {
+        EXPECT_DOUBLE_EQ(window.strip(c)->xMin(), 10.0) << c;
+        EXPECT_DOUBLE_EQ(window.strip(c)->xMax(), 20.0) << c;
+    }
+    EXPECT_EQ(window.command(TalWaveGraphPE::Close)->text(), QStringLiteral("&CLOSE"));
+    window.zoomTo(12.0, 14.0);
+    window.undoZoom();
+    EXPECT_DOUBLE_EQ(window.strip(3)->xMin(), 10.0);
+    window.zoomOutAll();
+    EXPECT_EQ(window.zoomDepth(), 0);
+    EXPECT_DOUBLE_EQ(window.strip(3)->xMax(), fullEnd);
+    EXPECT_EQ(window.command(TalWaveGraphPE::Close)->text(), QStringLiteral("&Close"));
+
+    // Prev on the first row leaves the capture as it is.
+    const qint32 first = window.capture().record().recCounter;
+    messages.clear();
+    window.step(-1);
+    EXPECT_EQ(messages.texts(), QStringList{"This is the first waveform in this series."});
+    EXPECT_EQ(window.capture().record().recCounter, first);
+    window.step(1);
+    EXPECT_EQ(window.position(), 1);
+    EXPECT_EQ(window.capture().record().recCounter, fixture.series().at(1));
+    const int last = static_cast<int>(fixture.series().size()) - 1;
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), last, "last"));
+    messages.clear();
+    window.step(1);
+    EXPECT_EQ(messages.texts(), QStringList{"This is the last waveform in this series."});
+    EXPECT_EQ(window.position(), last);
+
+    // A row the query does not hold: the loader's message, no capture.
+    messages.clear();
+    TalWaveGraphPE missing(fixture.scratch(), fixture.settingsFile());
+    EXPECT_FALSE(missing.open(fixture.numbers(), {999999}, 0, "missing"));
+    ASSERT_EQ(messages.texts().size(), 1);
+    EXPECT_FALSE(messages.texts().first().isEmpty());
+    EXPECT_FALSE(missing.command(TalWaveGraphPE::ExportData)->isEnabled());
+}
+
+TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    const int tone = fixture.periodic(64);
+    ASSERT_GE(tone, 0);
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), tone, "tone"));
+    window.show();
+    // Ia: the voltages of this delta capture are line to line, where the tone of each phase
+    // (1.5 x 120 degrees apart) adds up to 10 / sqrt(3) percent rather than 5.
+    window.clickAt(3, 1.0);
+    ASSERT_TRUE(window.showInterharmonic()) << messages.texts().join(u'\n').toStdString();
+    EXPECT_EQ(window.view(), 1);
+    EXPECT_TRUE(window.interharmonicTrace()->chart()->title().startsWith(
+        QStringLiteral("Waveform for Interharmonic Analysis")));
+    EXPECT_TRUE(window.interharmonicGroups()->chart()->title().startsWith(
+        QStringLiteral("IEC-1000-2-1[1] Interharmonic Spectrum")));
+    // The tone at 1.5 times 60 Hz is 5 % of the fundamental, in the 5 Hz bin of 90 Hz.
+    const QVector<double>& spectrum = window.interharmonicSpectrum()->values();
+    ASSERT_GT(spectrum.size(), 18);
+    EXPECT_NEAR(spectrum.at(12), 100.0, 0.5);
+    EXPECT_NEAR(spectrum.at(18), 5.0, 0.5);
+    EXPECT_EQ(window.command(TalWaveGraphPE::Close)->text(), QStringLiteral("&Back"));
+    lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-interharmonic"));
+    window.showCapture();
+    EXPECT_EQ(window.view(), 0);
+    EXPECT_TRUE(window.capture().isOpen());
+}
+
+TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
+    window.show();
+
+    window.command(TalWaveGraphPE::ExportData)->click();
+    const QStringList lines = QApplication::clipboard()->text().split(u'\n');
+    const WaveformChannels& channels = window.capture().channels();
+    QStringList header{"Sample Point #"};
+    for (int c = 0; c < 7; ++c)
+        header << channels.labels.at(c);
+    for (int i = 1; i <= 8; ++i)
+        header << QStringLiteral("Input %1").arg(i);
+    EXPECT_EQ(lines.first(), header.join(u'\t'));
+    EXPECT_EQ(lines.size(), channels.sampleCount() + 2);
+    EXPECT_EQ(messages.texts().last(),
+              QStringLiteral("Data may be in OS`s Clipboard. Select "
+                             "Paste in your application to see the data."));
+
+    int chosenRow = 2;
+    QString savePath;
+    QStringList listed;
+    window.setDialogRunner([&](QDialog& dialog) {
+        if (auto* chooser = qobject_cast<selWaveGraph_Export*>(&dialog)) {
+            for (int i = 0; i < chooser->list()->count(); ++i)
+                listed << chooser->list()->item(i)->text();
+            chooser->list()->setCurrentRow(chosenRow);
+        }
+        return int(QDialog::Accepted);
+    });
+    window.setSavePath([&](const QString&, const QString&) { return savePath; });
+    savePath = fixture.file(QStringLiteral("vcn.png"));
+    window.exportPicture();
+    EXPECT_EQ(listed.first(), channels.labels.at(0));
+    EXPECT_EQ(listed.last(), QStringLiteral("Inputs"));
+    QImage picture(savePath);
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_EQ(picture.size(), window.strip(2)->size());
+
+    savePath = fixture.file(QStringLiteral("inputs.svg"));
+    chosenRow = 7;
+    window.exportPicture();
+    QFile svg(savePath);
+    ASSERT_TRUE(svg.open(QIODevice::ReadOnly));
+    const QByteArray svgText = svg.readAll();
+    EXPECT_TRUE(svgText.contains("<svg"));
+    EXPECT_TRUE(svgText.contains("Inputs"));
+
+    savePath = fixture.file(QStringLiteral("missing-folder/x.png"));
+    window.exportPicture();
+    EXPECT_TRUE(messages.texts().last().startsWith(QStringLiteral("The picture could not be")));
+
+    const QString pdf = fixture.file(QStringLiteral("graphs.pdf"));
+    window.setPrintFile(pdf);
+    window.printGraphs();
+    QFile printed(pdf);
+    ASSERT_TRUE(printed.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(printed.read(5).startsWith("%PDF"));
+    EXPECT_GT(printed.size(), 10000);
+}
+
+TEST(TalWaveGraphPE, YExtentsMoveAboutTheCentreWhenLocked)
+{
+    WaveWindowFixture fixture;
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "first"));
+    WaveStripChart* chart = window.strip(0);
+    frmSetYExtents extents(chart);
+    EXPECT_EQ(extents.txtAdjustamount()->text(), QStringLiteral("10"));
+    EXPECT_TRUE(extents.chklocked()->isChecked());
+    extents.txtMaximum()->setText(QStringLiteral("200"));
+    extents.txtMinimum()->setText(QStringLiteral("-200"));
+    extents.press(true, true);
+    EXPECT_TRUE(chart->manualY());
+    EXPECT_DOUBLE_EQ(chart->yMax(), 210);
+    EXPECT_DOUBLE_EQ(chart->yMin(), -210);
+    extents.press(false, true);
+    EXPECT_DOUBLE_EQ(chart->yMin(), -200);
+    EXPECT_DOUBLE_EQ(chart->yMax(), 200);
+    extents.chklocked()->setChecked(false);
+    extents.press(true, false);
+    EXPECT_DOUBLE_EQ(chart->yMax(), 190);
+    EXPECT_DOUBLE_EQ(chart->yMin(), -200);
+    extents.txtMaximum()->setText(QStringLiteral("abc"));
+    extents.apply();
+    EXPECT_DOUBLE_EQ(chart->yMax(), 190) << "a text that is no number changes nothing";
+    extents.show();
+    lorvane::test::saveScreenshot(&extents, QStringLiteral("waveform-y-extents"));
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "query/QueryCatalog.h"
+#include "store/TempQueryDatabase.h"
+
+#include <QList>
+#include <QTemporaryDir>
+#include <memory>
+
+namespace lorvane::test {
+
+/// The waveform log of a meter written by lorvane-sim, loaded into a scratch database through
+/// the waveform view as the log grid does it, with a settings file in a temporary folder.
+class WaveWindowFixture
+{
+public:
+    WaveWindowFixture();
+
+    SqliteDatabase& scratch() { return m_scratch->database(); }
+    const QueryNumbers& numbers() const { return m_numbers; }
+    /// `RecCounter` of every grid row, in grid order.
+    const QList<qint32>& series() const { return m_series; }
+    /// Grid position of the first periodic capture at `sampleRate` samples per cycle, -1 none.
+    int periodic(int sampleRate, int skip = 0);
+    QString settingsFile() const { return m_dir.filePath(QStringLiteral("Lorvane.Ini")); }
+    QString file(const QString& name) const { return m_dir.filePath(name); }
+
+private:
+    QTemporaryDir m_dir;
+    std::unique_ptr<TempQueryDatabase> m_scratch;
+    QueryNumbers m_numbers;
+    QList<qint32> m_series;
+};
+
+} // namespace lorvane::test
