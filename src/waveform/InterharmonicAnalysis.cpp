@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "InterharmonicAnalysis.h"
 
+#include "BankersRounding.h"
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
 #include "platform/UserText.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace lorvane {
 
 namespace {
-
-int roundHalfEven(double value)
-{
-    if (!std::isfinite(value))
-        return 0;
-    const double limit = std::numeric_limits<int>::max() / 2.0;
-    return static_cast<int>(std::nearbyint(std::clamp(value, -limit, limit)));
-}
 
 bool isAnalysisRate(int rate)
 {
@@ -54,8 +46,8 @@ bool windowFits(const WaveformRecord& record, int windowLength)
 QString shortageMessage(const WaveformRecord& record, int windowLength)
 {
     const int rate = record.sampleRate;
-    const int needed = roundHalfEven(static_cast<double>(windowLength) / rate);
-    const int held = roundHalfEven(static_cast<double>(record.sampleCount) / rate);
+    const int needed = BankersRounding::toInt(static_cast<double>(windowLength) / rate);
+    const int held = BankersRounding::toInt(static_cast<double>(record.sampleCount) / rate);
     QString message;
     // A capture that holds the cycles on its own lacks only the contiguous rows: the first
     // sentence would be wrong then and is left out.
@@ -123,7 +115,7 @@ InterharmonicAnalysis::Preparation InterharmonicAnalysis::placeMark(WaveformReco
                                                                     double sample)
 {
     const qint32 oldStart = record.windowStart;
-    record.windowStart = roundHalfEven(sample) - 1;
+    record.windowStart = BankersRounding::toInt(sample) - 1;
     Preparation result = prepare(record);
     if (!result.ok)
         record.windowStart = oldStart;
@@ -186,7 +178,7 @@ InterharmonicAnalysis::run(WaveformRecord& record, const WaveformChannels& captu
     std::vector<double> input(result.samples.cbegin(), result.samples.cbegin() + count);
     const std::vector<double> magnitude = HarmonicSpectrum::magnitudes(input, method);
 
-    const int bins = roundHalfEven(count / 2.0);
+    const int bins = BankersRounding::toInt(count / 2.0);
     const int f = fundamentalBin();
     result.ampPct.fill(0.0F, bins);
     result.sqPct.fill(0.0F, bins);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WaveformStatistics.h"
 
+#include "BankersRounding.h"
 #include "EngineeringNumberText.h"
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace lorvane {
 
@@ -17,15 +17,6 @@ namespace {
 QString notAvailable()
 {
     return userText("502001", "N/A");
-}
-
-// Half to even, as the float-to-integer conversion the cursor arithmetic has always used.
-int roundHalfEven(double value)
-{
-    if (!std::isfinite(value))
-        return 0;
-    const double limit = std::numeric_limits<int>::max() / 2.0;
-    return static_cast<int>(std::nearbyint(std::clamp(value, -limit, limit)));
 }
 
 // RMS and peak are shown and divided as the single-precision texts they are displayed from.
@@ -48,7 +39,7 @@ WaveformStatistics::Window WaveformStatistics::window(double cursorMs, double st
     const int n = m_record.pointsInCycle16;
     const int sampleCount = m_channels.sampleCount();
     Window result;
-    result.cursor = stepMs > 0 ? roundHalfEven(cursorMs / stepMs) : 0;
+    result.cursor = stepMs > 0 ? BankersRounding::toInt(cursorMs / stepMs) : 0;
     if (static_cast<long long>(result.cursor) + n > sampleCount) {
         result.cursor = sampleCount - n + 1;
         result.moved = true;
@@ -117,7 +108,7 @@ WaveformStatistics::Harmonics WaveformStatistics::failedHarmonics(int count) con
 WaveformStatistics::Harmonics WaveformStatistics::computeHarmonics(int channel, int start) const
 {
     const int n = m_record.pointsInCycle16;
-    const int h = n > 0 ? static_cast<int>(std::nearbyint(n / 2.0)) : 0;
+    const int h = n > 0 ? BankersRounding::toInt(n / 2.0) : 0;
     Harmonics result = failedHarmonics(h);
     const QString device = m_record.hardwareName;
     if (channel >= 0 && channel < WaveformChannels::channelCount)
