@@ -129,9 +129,9 @@ void TalWaveGraphPE::build()
         [](int, double v) { return InterharmonicAnalysis::barHotSpot(false, v); });
     m_ihGroups->setHoverText(
         [](int, double v) { return InterharmonicAnalysis::barHotSpot(true, v); });
-    ihLayout->addWidget(m_ihTrace);
-    ihLayout->addWidget(m_ihSpectrum);
-    ihLayout->addWidget(m_ihGroups);
+    ihLayout->addWidget(m_ihTrace, 2);
+    ihLayout->addWidget(m_ihSpectrum, 3);
+    ihLayout->addWidget(m_ihGroups, 3);
     m_pages->addWidget(ihPage);
 
     m_composition = new WaveStripChart;

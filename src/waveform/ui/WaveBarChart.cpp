@@ -5,6 +5,7 @@
 #include <QBarSeries>
 #include <QBarSet>
 #include <QCursor>
+#include <QFont>
 #include <QToolTip>
 #include <QValueAxis>
 #include <algorithm>
@@ -29,11 +30,15 @@ void WaveBarChart::show(const GraphSeries& series, const QColor& color)
 
     auto* set = new QBarSet(series.subsetTitle);
     set->setColor(color);
+    // At most about 32 labels fit under the bars; the others stay blank. Categories must be
+    // unique, so a blank one is a run of blanks of its own length.
+    const int step = std::max<int>(1, static_cast<int>((series.y.size() + 31) / 32));
     QStringList labels;
     for (int i = 0; i < series.y.size(); ++i) {
         set->append(series.y.at(i));
-        labels << (i < series.labels.size() ? series.labels.at(i)
-                                            : QString::number(series.x.value(i, i)));
+        const QString text =
+            i < series.labels.size() ? series.labels.at(i) : QString::number(series.x.value(i, i));
+        labels << (i % step == 0 && !text.isEmpty() ? text : QString(i + 1, u' '));
     }
     auto* bars = new QBarSeries;
     bars->setBarWidth(0.8);
@@ -43,8 +48,11 @@ void WaveBarChart::show(const GraphSeries& series, const QColor& color)
     auto* x = new QBarCategoryAxis;
     x->append(labels);
     x->setTitleText(series.xTitle);
-    // Long spectra have many labels: upright ones overlap less.
-    x->setLabelsAngle(labels.size() > 40 ? -90 : 0);
+    QFont small = x->labelsFont();
+    small.setPointSizeF(7.5);
+    x->setLabelsFont(small);
+    // Hundreds of bins leave no room for any text under a bar: the pointer text names them.
+    x->setLabelsVisible(labels.size() <= 64);
     auto* y = new QValueAxis;
     y->setTitleText(series.yTitle);
     const double top =

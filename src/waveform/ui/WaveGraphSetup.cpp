@@ -54,8 +54,13 @@ qint32 fromQColor(const QColor& color)
 void showColor(QPushButton* button, qint32 value)
 {
     button->setProperty(colorProperty, value);
-    button->setText(WaveDisplaySettings::colorText(value) + QStringLiteral("  ..."));
-    button->setStyleSheet(QStringLiteral("background-color: %1").arg(toQColor(value).name()));
+    // "&" would make the H a mnemonic.
+    button->setText(WaveDisplaySettings::colorText(value).replace(u'&', QStringLiteral("&&")) +
+                    QStringLiteral("  ..."));
+    const QColor color = toQColor(value);
+    const QColor ink = color.lightness() < 128 ? QColor(Qt::white) : QColor(Qt::black);
+    button->setStyleSheet(
+        QStringLiteral("background-color: %1; color: %2").arg(color.name(), ink.name()));
 }
 
 qint32 colorOf(QWidget* widget)
@@ -155,6 +160,7 @@ WaveGraphSetup::WaveGraphSetup(const QString& settingsFile, QWidget* parent)
         combo({QStringLiteral("50"), QStringLiteral("60")}, s.talmoFreq == 50 ? 0 : 1));
     m_general->resizeColumnsToContents();
     m_general->horizontalHeader()->setStretchLastSection(true);
+    m_general->setMinimumHeight(m_general->verticalHeader()->length() + 4);
 
     m_subsets->setHorizontalHeaderLabels(
         {userText("503274", "Item Names"), userText("503275", "Overlay Select"),

@@ -3,6 +3,7 @@
 
 #include "waveform/SeriesDecimation.h"
 
+#include <QFont>
 #include <QLineSeries>
 #include <QMouseEvent>
 #include <QRubberBand>
@@ -29,11 +30,22 @@ WaveStripChart::WaveStripChart(QWidget* parent) : QChartView(parent)
     m_y = new QValueAxis;
     m_x->setLabelFormat(QStringLiteral("%.1f"));
     m_y->setLabelFormat(QStringLiteral("%.1f"));
+    // Many strips share the window's height: small fonts keep the axis labels readable.
+    QFont small = m_x->labelsFont();
+    small.setPointSizeF(7.5);
+    for (QValueAxis* axis : {m_x, m_y}) {
+        axis->setLabelsFont(small);
+        axis->setTitleFont(small);
+        axis->setTickCount(7);
+    }
+    m_y->setTickCount(5);
+    chart->setTitleFont(small);
+    chart->legend()->setFont(small);
     chart->addAxis(m_x, Qt::AlignBottom);
     chart->addAxis(m_y, Qt::AlignLeft);
     setChart(chart);
     setRenderHint(QPainter::Antialiasing);
-    setMinimumHeight(140);
+    setMinimumHeight(200);
     m_band = new QRubberBand(QRubberBand::Rectangle, this);
 }
 
@@ -70,6 +82,8 @@ void WaveStripChart::addCurve(const QString& name, const QVector<float>* time,
     series->attachAxis(m_x);
     series->attachAxis(m_y);
     m_curves.append({series, time, values});
+    // A strip of one curve names it in its title already.
+    chart()->legend()->setVisible(m_curves.size() > 1);
     if (!time->isEmpty() && m_curves.size() == 1)
         m_x->setRange(time->first(), time->last());
     refill();

@@ -259,6 +259,8 @@ TEST(TalWaveGraphPE, YExtentsMoveAboutTheCentreWhenLocked)
     EXPECT_TRUE(extents.chklocked()->isChecked());
     extents.txtMaximum()->setText(QStringLiteral("200"));
     extents.txtMinimum()->setText(QStringLiteral("-200"));
+    extents.show();
+    lorvane::test::saveScreenshot(&extents, QStringLiteral("waveform-y-extents"));
     extents.press(true, true);
     EXPECT_TRUE(chart->manualY());
     EXPECT_DOUBLE_EQ(chart->yMax(), 210);
@@ -273,6 +275,4 @@ TEST(TalWaveGraphPE, YExtentsMoveAboutTheCentreWhenLocked)
     extents.txtMaximum()->setText(QStringLiteral("abc"));
     extents.apply();
     EXPECT_DOUBLE_EQ(chart->yMax(), 190) << "a text that is no number changes nothing";
-    extents.show();
-    lorvane::test::saveScreenshot(&extents, QStringLiteral("waveform-y-extents"));
 }
