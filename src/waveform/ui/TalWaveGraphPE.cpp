@@ -307,6 +307,12 @@ void TalWaveGraphPE::buildGraphs()
         chart->setColors(fore, back);
         chart->setZoomMode(m_zoomMode);
         chart->setTitles(name, WaveGraphTexts::timeTitle(), yTitle);
+        chart->setHoverText([this](double x) {
+            const WaveformRecord& record = m_capture.record();
+            const QVector<float>& time = m_capture.channels().time;
+            const double trigger = time.value(record.timingPT, 0.0F);
+            return WaveGraphTexts::pointHoverText(x, x - trigger);
+        });
         for (int c : channels) {
             const bool overlay =
                 m_settings.displayMode != WaveDisplaySettings::DisplayMode::Classic;

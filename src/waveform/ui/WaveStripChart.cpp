@@ -3,11 +3,13 @@
 
 #include "waveform/SeriesDecimation.h"
 
+#include <QCursor>
 #include <QFont>
 #include <QLineSeries>
 #include <QMouseEvent>
 #include <QRubberBand>
 #include <QScatterSeries>
+#include <QToolTip>
 #include <QValueAxis>
 #include <algorithm>
 #include <limits>
@@ -78,6 +80,12 @@ void WaveStripChart::addCurve(const QString& name, const QVector<float>* time,
         series = scatter;
     }
     series->setName(name);
+    connect(series, &QXYSeries::hovered, this, [this](const QPointF& point, bool state) {
+        if (state && m_hoverText)
+            QToolTip::showText(QCursor::pos(), m_hoverText(point.x()), this);
+        else
+            QToolTip::hideText();
+    });
     chart()->addSeries(series);
     series->attachAxis(m_x);
     series->attachAxis(m_y);

@@ -6,6 +6,7 @@
 #include <QChartView>
 #include <QList>
 #include <QVector>
+#include <functional>
 #include <optional>
 
 class QXYSeries;
@@ -62,6 +63,8 @@ public:
     const QList<WaveMarks::Annotation>& annotations() const { return m_annotations; }
     /// Number of points the chart holds now, over all curves.
     int pointsShown() const;
+    /// Text shown while the pointer rests on a point of a curve at `x` ms.
+    void setHoverText(std::function<QString(double x)> text) { m_hoverText = std::move(text); }
     /// Chart x of a widget position.
     double xAt(const QPoint& position) const;
 
@@ -99,6 +102,7 @@ private:
     QColor m_background;
     QRubberBand* m_band = nullptr;
     std::optional<QPoint> m_pressed;
+    std::function<QString(double)> m_hoverText;
 };
 
 } // namespace lorvane
