@@ -90,6 +90,8 @@ QWidget* SysSetupFrm::buildGeneralPage()
     m_dataFormat = new QComboBox(page);
     m_dataFormat->addItems(LocalSystemSettings::dataFormats());
     m_curveFile = new QLineEdit(page);
+    for (QLineEdit* path : {m_defaultPath, m_currentPath, m_curveFile})
+        path->setMinimumWidth(340);
     m_browseFolder = new QPushButton(userText("309086", "&Browse"), page);
     m_browseCurve = new QPushButton(userText("309086", "&Browse"), page);
 
