@@ -16,6 +16,7 @@ class QComboBox;
 class QLabel;
 class QPushButton;
 class QTableView;
+class QStackedWidget;
 class QTabBar;
 
 namespace lorvane {
@@ -60,6 +61,8 @@ public:
     QPushButton* command(int index) const;
     /// The session behind the window.
     const LogViewSession& session() const { return m_session; }
+    /// Copies the selected cells of the grid shown to the clipboard, tab separated.
+    void copySelection();
 
 signals:
     void backRequested(); // &Back
@@ -76,7 +79,8 @@ private:
     void build();
     void refresh();
     void showGrids();
-    void selectGrid(int index);
+    void selectGrid(int tab);
+    void showCaption(int gridIndex);
     void step(int delta);
     void openSort();
     void graph();
@@ -84,10 +88,13 @@ private:
     void sortChosen(int index);
     void pageChosen(int index);
     void rowActivated(int gridIndex, const QModelIndex& index);
-    void showCaption(int index);
-    void copySelection();
+    QString selectionText(int gridIndex) const;
     int selectedRow() const;
-    void runGuarded(const std::function<void()>& work);
+    /// A view of `kind` is shown whose grid can be re-sorted.
+    bool loadedKind(int kind) const;
+    /// Runs `work` with a progress watcher; a failure is told in a message box and the
+    /// window keeps what it showed.
+    void runGuarded(const std::function<void(LoadProgress*)>& work);
 
     RunContext& m_context;
     LogViewSession m_session;
@@ -102,6 +109,7 @@ private:
     QLabel* m_typeLabel = nullptr;
     QLabel* m_status = nullptr;
     QTabBar* m_captions = nullptr;
+    QStackedWidget* m_stack = nullptr;
     bool m_filling = false;
     bool m_busy = false;
 };

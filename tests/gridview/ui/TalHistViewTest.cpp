@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The log grid window on simulated meters: every kind through a button press, read back
+// through the grid models; paging buttons, cancel, clipboard, the sort dialog.
+#include "gridview/ui/TalHistView.h"
+
+#include "app/RunContext.h"
+#include "gridview/ui/GridTableModel.h"
+#include "gridview/ui/SortOptionsFrm.h"
+#include "platform/SqliteDatabase.h"
+#include "query/TopQueryBuffer.h"
+#include "support/TestMeters.h"
+#include "support/ui/Screenshot.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace lorvane;
+using namespace lorvane::test;
+
+namespace {
+
+struct Window
+{
+    QTemporaryDir dir;
+    RunContext context;
+    QString meter;
+    TopQueryBuffer buffer;
+    std::unique_ptr<TalHistView> view;
+
+    explicit Window(int tempLogRecSize = 4500)
+    {
+        context.scratch = scratchDatabase(dir, 5151);
+        const QString dictionary = QStringLiteral(LORVANE_BIN_DIR "/QLMNameList.DB");
+        if (QFileInfo(dictionary).isFile())
+            context.dictionary =
+                std::make_unique<SqliteDatabase>(dictionary, SqliteDatabase::Mode::ReadOnly);
+        context.paths.imageFolder = QStringLiteral(LORVANE_DATA_DIR "/sysimage");
+        context.settings.tempLogRecSize = tempLogRecSize;
+        meter = dir.filePath(QStringLiteral("Window.DB"));
+        simulate(QStringList{QStringLiteral("--out"), meter, QStringLiteral("--seed"),
+                             QStringLiteral("5")} +
+                 smallMeterArguments());
+        view = std::make_unique<TalHistView>(context);
+        view->resize(1100, 560);
+    }
+
+    ViewDispatch::Request press(int button) const
+    {
+        ViewDispatch::Request request;
+        request.action = ViewDispatch::Action::Grid;
+        request.button = button;
+        request.logKind = ViewDispatch::logKindOf(button);
+        request.start = QDateTime(QDate(2024, 3, 4), QTime(0, 0));
+        request.end = QDateTime(QDate(2024, 3, 5), QTime(23, 59, 59));
+        LogFileEntry entry;
+        entry.dbPath = meter;
+        entry.deviceTypeId = 3;
+        entry.hardwareName = QStringLiteral("Window");
+        entry.used = true;
+        request.files << entry;
+        request.itemIds = {20617, 20621, 20625, 21017};
+        return request;
+    }
+
+    int rows(int grid) const { return view->grid(grid)->model()->rowCount(); }
+    QString cell(int grid, int row, int column) const
+    {
+        const QAbstractItemModel* model = view->grid(grid)->model();
+        return model->data(model->index(row, column)).toString();
+    }
+};
+
+/// Progress that asks to stop at its first step.
+class CancellingProgress : public LoadProgress
+{
+public:
+    void status(const QString&) override {}
+    bool cancelRequested() override { return true; }
+};
+
+} // namespace
+
+TEST(TalHistView, EveryKindShowsItsGridsThroughTheModel)
+{
+    Window w;
+    w.view->show();
+    struct Press
+    {
+        int button;
+        int kind;
+        const char* screenshot;
+    };
+    const QList<Press> presses{{1, 3, "log-grid-snapshots"},
+                               {2, 4, nullptr},
+                               {3, 5, "log-grid-limits"},
+                               {7, 6, nullptr},
+                               {8, 7, nullptr},
+                               {11, 8, nullptr},
+                               {4, 9, "log-grid-waveform"},
+                               {5, 10, "log-grid-pq"},
+                               {12, 11, nullptr},
+                               {0, 0, "log-grid-status"}};
+    for (const Press& p : presses) {
+        SCOPED_TRACE(p.button);
+        w.view->showRequest(w.press(p.button), w.buffer);
+        EXPECT_EQ(w.view->logKind(), p.kind);
+        EXPECT_TRUE(w.view->windowTitle().endsWith(
+            QStringLiteral(" - [") + LogViewSession::viewName(p.kind) + QLatin1Char(']')));
+        EXPECT_GT(w.view->grid(0)->model()->columnCount(), 0);
+        if (p.kind != 4) {
+            EXPECT_GT(w.rows(0), 0) << "kind " << p.kind;
+        }
+        EXPECT_EQ(w.view->command(TalHistView::GraphCommand)->isEnabled(), p.kind == 9);
+        if (p.screenshot) {
+            EXPECT_TRUE(saveScreenshot(w.view.get(), QString::fromLatin1(p.screenshot)));
+        }
+    }
+
+    // The limit rows carry their picture; the snapshot grid its heading rows.
+    w.view->showRequest(w.press(3), w.buffer);
+    const QAbstractItemModel* limits = w.view->grid(0)->model();
+    EXPECT_FALSE(limits->data(limits->index(0, 0), Qt::DecorationRole).value<QIcon>().isNull());
+    w.view->showRequest(w.press(1), w.buffer);
+    const QAbstractItemModel* snapshots = w.view->grid(0)->model();
+    EXPECT_TRUE(
+        snapshots->data(snapshots->index(0, 0), int(GridTableModel::Role::HeadingRow)).toBool());
+    EXPECT_FALSE(snapshots
+                     ->data(snapshots->index(snapshots->rowCount() - 1, 0),
+                            int(GridTableModel::Role::HeadingRow))
+                     .toBool());
+}
+
+TEST(TalHistView, PageButtonsFollowThePages)
+{
+    Window w(200);
+    w.view->showRequest(w.press(1), w.buffer);
+    QPushButton* up = w.view->command(TalHistView::UpCommand);
+    QPushButton* down = w.view->command(TalHistView::DownCommand);
+    EXPECT_FALSE(up->isEnabled());
+    ASSERT_TRUE(down->isEnabled());
+    const QString first = w.cell(0, w.rows(0) - 1, 0);
+    QTest::mouseClick(down, Qt::LeftButton);
+    EXPECT_TRUE(up->isEnabled());
+    EXPECT_EQ(w.view->session().result().page, 2);
+    EXPECT_NE(w.cell(0, w.rows(0) - 1, 0), first);
+    int guard = 0;
+    while (down->isEnabled() && guard++ < 100)
+        QTest::mouseClick(down, Qt::LeftButton);
+    EXPECT_FALSE(down->isEnabled());
+    EXPECT_TRUE(w.view->session().result().allRead);
+    QTest::mouseClick(up, Qt::LeftButton);
+    EXPECT_TRUE(down->isEnabled());
+
+    // &Back hides the window and tells the frame.
+    QSignalSpy back(w.view.get(), &TalHistView::backRequested);
+    QSignalSpy help(w.view.get(), &TalHistView::helpRequested);
+    QTest::mouseClick(w.view->command(TalHistView::HelpCommand), Qt::LeftButton);
+    ASSERT_EQ(help.count(), 1);
+    EXPECT_EQ(help.first().first().toString(), QStringLiteral("LRHistTrends"));
+    QTest::mouseClick(w.view->command(TalHistView::BackCommand), Qt::LeftButton);
+    EXPECT_EQ(back.count(), 1);
+}
+
+TEST(TalHistView, ACancelledLoadKeepsTheWindowAndIsNotBuffered)
+{
+    Window w;
+    int made = 0;
+    w.view->setProgressFactory([&made] {
+        ++made;
+        return std::make_unique<CancellingProgress>();
+    });
+    w.view->showRequest(w.press(1), w.buffer);
+    EXPECT_GT(made, 0);
+    EXPECT_TRUE(w.view->session().result().cancelled);
+    EXPECT_FALSE(w.buffer.holds(1));
+    EXPECT_TRUE(w.view->command(TalHistView::BackCommand)->isEnabled());
+    // Without the cancel the next press reads the range.
+    w.view->setProgressFactory(nullptr);
+    w.view->showRequest(w.press(1), w.buffer);
+    EXPECT_FALSE(w.view->session().result().cancelled);
+    EXPECT_TRUE(w.buffer.holds(1));
+}
+
+TEST(TalHistView, WaveformGraphAndClipboardCopy)
+{
+    Window w;
+    w.view->showRequest(w.press(4), w.buffer);
+    ASSERT_GT(w.rows(0), 1);
+    QSignalSpy waves(w.view.get(), &TalHistView::waveformRequested);
+    QTableView* grid = w.view->grid(0);
+    grid->setCurrentIndex(grid->model()->index(1, 0));
+    QTest::mouseClick(w.view->command(TalHistView::GraphCommand), Qt::LeftButton);
+    ASSERT_EQ(waves.count(), 1);
+    EXPECT_EQ(waves.first().at(2).toInt(), 1);
+    EXPECT_EQ(waves.first().at(1).value<QList<qint32>>().size(), w.rows(0));
+    EXPECT_TRUE(waves.first().at(3).toString().contains(QStringLiteral(" #")));
+
+    grid->clearSelection();
+    const QAbstractItemModel* model = grid->model();
+    grid->selectionModel()->select(QItemSelection(model->index(0, 0), model->index(1, 2)),
+                                   QItemSelectionModel::Select);
+    w.view->copySelection();
+    const QString expected =
+        QStringList{w.cell(0, 0, 0), w.cell(0, 0, 1), w.cell(0, 0, 2)}.join(QLatin1Char('\t')) +
+        QLatin1Char('\n') +
+        QStringList{w.cell(0, 1, 0), w.cell(0, 1, 1), w.cell(0, 1, 2)}.join(QLatin1Char('\t'));
+    EXPECT_EQ(QApplication::clipboard()->text(), expected);
+}
+
+TEST(TalHistView, TheSortDialogShowsTheChoiceAndReturnsIt)
+{
+    SortState state;
+    state.item = 2;
+    state.descending = true;
+    state.recordType = 1;
+    SortOptionsFrm dialog(
+        {QStringLiteral("Date/Time"), QStringLiteral("Data Point"), QStringLiteral("Duration")},
+        {QStringLiteral("All Snapshots"), QStringLiteral("Group By Type")}, state);
+    dialog.show();
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Sort Data Options"));
+    EXPECT_EQ(dialog.selectedItems()->currentRow(), 2);
+    EXPECT_EQ(dialog.order()->currentText(), QStringLiteral("Descending"));
+    EXPECT_TRUE(saveScreenshot(&dialog, QStringLiteral("sort-options")));
+    dialog.selectedItems()->setCurrentRow(1);
+    dialog.order()->setCurrentIndex(0);
+    const SortState chosen = dialog.state();
+    EXPECT_EQ(chosen.item, 1);
+    EXPECT_FALSE(chosen.descending);
+    EXPECT_EQ(chosen.recordType, 1);
+}
+
+TEST(GridTableModel, AMillionRowsAnswerForTheLastRow)
+{
+    GridTable table;
+    table.columns = {QStringLiteral("Date/Time"), QStringLiteral("Value")};
+    table.headingRows << QStringList{QStringLiteral("Device"), QStringLiteral("1")};
+    constexpr int count = 1000000;
+    table.rows.reserve(count);
+    for (int i = 0; i < count; ++i)
+        table.rows << QStringList{QString::number(i), QString::number(i * 2)};
+    GridTableModel model;
+    model.setTable(std::move(table));
+    ASSERT_EQ(model.rowCount(), count + 1);
+    EXPECT_EQ(model.data(model.index(count, 1)).toString(), QString::number((count - 1) * 2));
+    EXPECT_EQ(model.dataRow(count), count - 1);
+    EXPECT_EQ(model.dataRow(0), -1);
+    EXPECT_FALSE(model.data(model.index(count + 1, 0)).isValid());
+}
