@@ -160,6 +160,8 @@ TEST(HelpTopics, PagesAndMissingHelp)
     page.close();
     EXPECT_EQ(topics.page("SystemProperties"), folder.filePath("system-properties.md"));
     EXPECT_EQ(lorvane::HelpTopics::pageName("no such topic"), "main-window.md");
+    EXPECT_EQ(lorvane::HelpTopics::pageName("LRMain"), "selection-window.md");
+    EXPECT_EQ(lorvane::HelpTopics::pageName("LRLimits"), "log-grid.md");
     EXPECT_EQ(lorvane::HelpTopics::missingHelpMessage(),
               "Unable to display Help Contents. There is no Help associated with this program.");
 }

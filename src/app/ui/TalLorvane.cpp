@@ -18,6 +18,7 @@
 #include "platform/UserText.h"
 #include "platform/ui/SingleInstanceChannel.h"
 #include "store/TempQueryDatabase.h"
+#include "waveform/ui/WaveGraphSetup.h"
 
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -168,8 +169,11 @@ void TalLorvane::buildMenus()
     QMenu* edit = menuBar()->addMenu(userText("100002", "&Edit"));
     edit->addAction(userText("100003", "&System Properties"), this,
                     &TalLorvane::showSystemProperties);
-    m_waveformDisplay = edit->addAction(userText("100004", "&Waveform Display"));
-    m_waveformDisplay->setEnabled(false);
+    m_waveformDisplay = edit->addAction(userText("100004", "&Waveform Display"), this, [this] {
+        auto* setup = new WaveGraphSetup(m_context.paths.settingsFile, this);
+        setup->setAttribute(Qt::WA_DeleteOnClose);
+        setup->open();
+    });
 
     QMenu* select = menuBar()->addMenu(userText("100005", "&Select Data"));
     for (int index = 0; index < static_cast<int>(std::size(selectDataTexts)); ++index)

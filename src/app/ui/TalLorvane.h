@@ -53,8 +53,7 @@ public:
     const QList<QAction*>& viewDataActions() const { return m_viewActions; }
     /// "Export to &PQDIF" of "&Tools".
     QAction* exportPqdifAction() const { return m_exportPqdif; }
-    /// "&Waveform Display" of "&Edit": disabled until the waveform settings window is wired
-    /// to it.
+    /// "&Waveform Display" of "&Edit": the waveform display settings.
     QAction* waveformDisplayAction() const { return m_waveformDisplay; }
     /// The texts of the two status panes.
     QString statusText(int pane) const;

@@ -14,6 +14,7 @@
 #include "support/TestEnvironment.h"
 #include "support/TestMeters.h"
 #include "support/ui/Screenshot.h"
+#include "waveform/ui/WaveGraphSetup.h"
 
 #include <QAction>
 #include <QApplication>
@@ -136,7 +137,11 @@ TEST(FrameWindows, MenusForwardToTheSelectionWindowAndMirrorItsButtons)
                            "Power Quality", "Vex*Grid Reports", "Status Change (Inputs)",
                            "Control Output (Relays)", "PQDIF Format", "Energy Billing Module",
                            "Flicker", "System Event"}));
-    EXPECT_FALSE(frame->waveformDisplayAction()->isEnabled());
+    frame->waveformDisplayAction()->trigger();
+    auto* waveformSetup = frame->findChild<lorvane::WaveGraphSetup*>();
+    ASSERT_NE(waveformSetup, nullptr);
+    EXPECT_TRUE(waveformSetup->isVisible());
+    waveformSetup->reject();
 
     // "Meter &1" presses selection button 0, which asks for a file.
     lorvane::AllLogsFrm* selection = frame->selectionWindow();
