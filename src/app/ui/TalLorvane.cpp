@@ -18,6 +18,7 @@
 #include "platform/UserText.h"
 #include "platform/ui/SingleInstanceChannel.h"
 #include "store/TempQueryDatabase.h"
+#include "waveform/ui/TalWaveGraphPE.h"
 #include "waveform/ui/WaveGraphSetup.h"
 
 #include <QCloseEvent>
@@ -156,8 +157,25 @@ void TalLorvane::createChildren()
     connect(m_selection, &AllLogsFrm::helpRequested, this, &TalLorvane::showHelp);
     connect(m_grid, &TalHistView::backRequested, this, &TalLorvane::backToSelection);
     connect(m_grid, &TalHistView::helpRequested, this, &TalLorvane::showHelp);
-    // TalHistView::waveformRequested is connected by the waveform window, which is not part
-    // of the frame yet; until then a waveform row opens nothing.
+    connect(m_grid, &TalHistView::waveformRequested, this, &TalLorvane::openWaveform);
+}
+
+TalWaveGraphPE* TalLorvane::openWaveform(const QueryNumbers& numbers, const QList<qint32>& series,
+                                         int position, const QString& caption)
+{
+    auto* window = new TalWaveGraphPE(m_context);
+    connect(window, &TalWaveGraphPE::helpRequested, this, &TalLorvane::showHelp);
+    // A capture that does not load has shown its message; no empty window stays behind.
+    if (!window->open(numbers, series, position, caption)) {
+        delete window;
+        return nullptr;
+    }
+    QMdiSubWindow* child = m_mdiArea->addSubWindow(window);
+    child->setAttribute(Qt::WA_DeleteOnClose);
+    child->setGeometry(m_mdiArea->viewport()->rect());
+    child->show();
+    m_mdiArea->setActiveSubWindow(child);
+    return window;
 }
 
 void TalLorvane::buildMenus()

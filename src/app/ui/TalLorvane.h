@@ -16,6 +16,8 @@ namespace lorvane {
 class AllLogsFrm;
 class SingleInstanceChannel;
 class TalHistView;
+class TalWaveGraphPE;
+struct QueryNumbers;
 class frmProgress;
 struct RunContext;
 
@@ -72,6 +74,10 @@ public:
     /// and presses the button of its view.
     void applyCommandLine(const QString& text);
 
+    /// Opens the capture at `position` of `series` (RecCounters of the grid's waveform rows)
+    /// in a waveform window of its own; null when it does not load (the message was shown).
+    TalWaveGraphPE* openWaveform(const QueryNumbers& numbers, const QList<qint32>& series,
+                                 int position, const QString& caption);
     /// Opens the user guide at `topic`; without the page it says that there is no help.
     void showHelp(const QString& topic);
     /// Opens "About QLM Lorvane".
