@@ -20,6 +20,7 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QLabel>
@@ -179,15 +180,19 @@ void TalWaveGraphPE::buildCommands(QVBoxLayout* layout)
         {Advanced, userText("503412", "Advanced Waveform")},
         {Interharmonic, userText("503413", "Interharmonic")},
     }};
-    auto* row = new QHBoxLayout;
-    row->setSpacing(2);
+    // Two rows, so that the window fits the frame of a small screen.
+    auto* rows = new QGridLayout;
+    rows->setSpacing(2);
+    const int perRow = int(captions.size() + 1) / 2;
+    int position = 0;
     for (const auto& [index, caption] : captions) {
         auto* button = new QPushButton(caption);
         button->setObjectName(QStringLiteral("Command1_%1").arg(index));
         m_commands[index] = button;
-        row->addWidget(button);
+        rows->addWidget(button, position / perRow, position % perRow);
+        ++position;
     }
-    layout->addLayout(row);
+    layout->addLayout(rows);
     connect(m_commands[Help], &QPushButton::clicked, this,
             [this] { emit helpRequested(QStringLiteral("LRWaveform")); });
     connect(m_commands[PrintGraph], &QPushButton::clicked, this, &TalWaveGraphPE::printGraphs);

@@ -14,8 +14,10 @@
 #include "support/TestEnvironment.h"
 #include "support/TestMeters.h"
 #include "support/ui/Screenshot.h"
+#include "waveform/ui/TalWaveGraphPE.h"
 #include "waveform/ui/WaveGraphSetup.h"
 
+#include <QAbstractItemModel>
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
@@ -24,6 +26,8 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QProcess>
+#include <QPushButton>
+#include <QTableView>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -215,6 +219,44 @@ TEST(FrameWindows, CommandLineOpensTheMeterWithItsRangeChannelsAndView)
     // LOGID 2 is the Snapshots button: the grid shows log kind 3.
     EXPECT_TRUE(frame->gridSubWindow()->isVisible());
     EXPECT_EQ(frame->gridWindow()->logKind(), 3);
+}
+
+TEST(FrameWindows, AWaveformRowOpensItsCaptureInAWindowOfItsOwn)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    // LOGID 4 is the Waveform button.
+    TalLorvane* frame =
+        run.start("LOGID:4 FRT:030424000000 LRT:030624000000 \"" + run.meterPath() + "\"");
+    ASSERT_NE(frame, nullptr);
+    lorvane::TalHistView* grid = frame->gridWindow();
+    ASSERT_EQ(grid->logKind(), 9) << run.messages().texts().join('\n').toStdString();
+    QAbstractItemModel* rows = grid->grid(0)->model();
+    ASSERT_GT(rows->rowCount(), 0);
+
+    // &Graph without a chosen row says so; with one it opens the capture.
+    const int before = int(frame->mdiArea()->subWindowList().size());
+    grid->grid(0)->setCurrentIndex(QModelIndex());
+    run.messages().clear();
+    grid->command(lorvane::TalHistView::GraphCommand)->click();
+    EXPECT_EQ(run.messages().texts(), QStringList({"Please select a waveform to graph."}));
+    EXPECT_EQ(int(frame->mdiArea()->subWindowList().size()), before);
+
+    grid->grid(0)->setCurrentIndex(rows->index(rows->rowCount() - 1, 0));
+    grid->command(lorvane::TalHistView::GraphCommand)->click();
+    ASSERT_EQ(int(frame->mdiArea()->subWindowList().size()), before + 1);
+    QMdiSubWindow* child = frame->mdiArea()->activeSubWindow();
+    ASSERT_NE(child, nullptr);
+    auto* waveform = qobject_cast<lorvane::TalWaveGraphPE*>(child->widget());
+    ASSERT_NE(waveform, nullptr);
+    EXPECT_TRUE(waveform->windowTitle().contains("#")) << waveform->windowTitle().toStdString();
+    EXPECT_EQ(child->geometry(), frame->mdiArea()->viewport()->rect());
+    EXPECT_TRUE(lorvane::test::saveScreenshot(frame, "main-frame-waveform"));
+
+    // Closing the capture's window removes it; the grid stays.
+    child->close();
+    QApplication::processEvents();
+    EXPECT_EQ(int(frame->mdiArea()->subWindowList().size()), before);
 }
 
 TEST(FrameWindows, OpenLogRequestsAreTakenOneAtATime)
