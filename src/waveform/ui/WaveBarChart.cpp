@@ -31,14 +31,15 @@ void WaveBarChart::show(const GraphSeries& series, const QColor& color)
     auto* set = new QBarSet(series.subsetTitle);
     set->setColor(color);
     // At most about 32 labels fit under the bars; the others stay blank. Categories must be
-    // unique, so a blank one is a run of blanks of its own length.
+    // unique, so a blank one is a run of zero-width spaces of its own length (blanks would
+    // take room and be cut to an ellipsis).
     const int step = std::max<int>(1, static_cast<int>((series.y.size() + 31) / 32));
     QStringList labels;
     for (int i = 0; i < series.y.size(); ++i) {
         set->append(series.y.at(i));
         const QString text =
             i < series.labels.size() ? series.labels.at(i) : QString::number(series.x.value(i, i));
-        labels << (i % step == 0 && !text.isEmpty() ? text : QString(i + 1, u' '));
+        labels << (i % step == 0 && !text.isEmpty() ? text : QString(i + 1, QChar(0x200B)));
     }
     auto* bars = new QBarSeries;
     bars->setBarWidth(0.8);
@@ -51,6 +52,8 @@ void WaveBarChart::show(const GraphSeries& series, const QColor& color)
     QFont small = x->labelsFont();
     small.setPointSizeF(7.5);
     x->setLabelsFont(small);
+    // Short numbers under narrow bars would otherwise be cut to an ellipsis.
+    x->setTruncateLabels(false);
     // Hundreds of bins leave no room for any text under a bar: the pointer text names them.
     x->setLabelsVisible(labels.size() <= 64);
     auto* y = new QValueAxis;
