@@ -54,6 +54,11 @@ void WaveBarChart::show(const GraphSeries& series, const QColor& color)
     x->setLabelsFont(small);
     // Short numbers under narrow bars would otherwise be cut to an ellipsis.
     x->setTruncateLabels(false);
+    // Group labels ("120 to 180") are wider than their bars: they stand upright.
+    const bool wide = std::any_of(series.labels.cbegin(), series.labels.cend(),
+                                  [](const QString& label) { return label.size() > 4; });
+    if (wide && series.y.size() > 12)
+        x->setLabelsAngle(-90);
     // Hundreds of bins leave no room for any text under a bar: the pointer text names them.
     x->setLabelsVisible(labels.size() <= 64);
     auto* y = new QValueAxis;
