@@ -23,6 +23,8 @@ public:
 
     /// Number of tokens held.
     int Token_Count() const { return static_cast<int>(m_tokens.size()); }
+    /// All tokens, for scans that look at every cell without copying one.
+    const QStringList& tokens() const { return m_tokens; }
     /// Token `index` (0-based); an empty string for an index outside 0 to count - 1.
     QString Token(int index) const;
     /// Replaces the tokens with those of `text` (converted to the local 8-bit code page);

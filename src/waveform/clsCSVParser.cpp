@@ -42,9 +42,9 @@ bool clsCSVParser::Find_Token(const QString& token, int& row, int& col, int mode
         return false;
     const int last = endRow <= 0 ? Line_Count() - 1 : qMin(endRow, Line_Count() - 1);
     for (int r = startRow; r <= last; ++r) {
-        const clsCSVLine& line = m_lines.at(r);
-        for (int t = 0; t < line.Token_Count(); ++t) {
-            const QString cell = line.Token(t);
+        const QStringList& cells = m_lines.at(r).tokens();
+        for (int t = 0; t < cells.size(); ++t) {
+            const QString& cell = cells.at(t);
             const bool hit = mode == 0 ? cell == token : cell.contains(token, Qt::CaseInsensitive);
             if (hit) {
                 row = r;
