@@ -152,12 +152,13 @@ struct LogViewSession::Entry
         return SortOptions::itemTexts(static_cast<LogKind>(logKind)).value(sort.item);
     }
 
-    /// The snapshot record type of the sort state (grouping list position: 0 all, 1 grouped,
-    /// then the logs from type 1 on) or the waveform data type.
+    /// The snapshot `TypeID` of the sort state or the waveform data type. The grouping list
+    /// is the list of type names itself: 0 all, 1 grouped, and from 2 ("Log 1") on the
+    /// position is the `TypeID` the meter writes.
     int typeFilter() const
     {
         if (isSnapshotKind(logKind))
-            return sort.recordType >= 2 ? sort.recordType - 1 : 0;
+            return sort.recordType >= 2 ? sort.recordType : 0;
         return logKind == int(LogKind::Waveform) ? typeChoice : 0;
     }
 };
@@ -211,16 +212,19 @@ void LogViewSession::LoadQuery(bool fresh, LoadProgress* progress)
                           held->second->result.numbers.query == m_buffer->row(button).queryIndex;
     if (!buffered) {
         loadFresh(progress);
-        return;
+    } else {
+        Entry* previous = m_current;
+        m_current = held->second.get();
+        try {
+            refill();
+        } catch (...) {
+            m_current = previous;
+            throw;
+        }
     }
-    Entry* previous = m_current;
-    m_current = held->second.get();
-    try {
-        refill();
-    } catch (...) {
-        m_current = previous;
-        throw;
-    }
+    // The marks named rows of the query shown before; they are not carried into another.
+    for (std::optional<BoundRecord>& record : m_bound)
+        record.reset();
 }
 
 void LogViewSession::loadFresh(LoadProgress* progress)
@@ -474,6 +478,11 @@ QString LogViewSession::statusText(int grid, int row) const
            QStringLiteral(", ") + QString::number(count);
 }
 
+bool LogViewSession::hasCheckMarks(int kind)
+{
+    return kind == int(LogKind::Waveform) || kind == int(LogKind::PowerQuality);
+}
+
 QString LogViewSession::checkMessage(int row) const
 {
     if (row >= 0)
@@ -486,6 +495,38 @@ QString LogViewSession::checkMessage(int row) const
     default:
         return {};
     }
+}
+
+bool LogViewSession::bind(int mark, int row)
+{
+    if (!m_current || mark < 0 || mark >= checkMarks || !hasCheckMarks(m_current->logKind))
+        return false;
+    const Entry& entry = *m_current;
+    if (entry.result.grids.isEmpty())
+        return false;
+    const GridTable& grid = entry.result.grids.first();
+    if (row < 0 || row >= grid.rows.size())
+        return false;
+    BoundRecord record;
+    record.logKind = entry.logKind;
+    record.numbers = entry.result.numbers;
+    record.keys = grid.rowKeys.value(row);
+    record.cells = grid.rows.at(row);
+    m_bound[size_t(mark)] = std::move(record);
+    return true;
+}
+
+void LogViewSession::release(int mark)
+{
+    if (mark >= 0 && mark < checkMarks)
+        m_bound[size_t(mark)].reset();
+}
+
+std::optional<LogViewSession::BoundRecord> LogViewSession::bound(int mark) const
+{
+    if (mark < 0 || mark >= checkMarks)
+        return std::nullopt;
+    return m_bound[size_t(mark)];
 }
 
 QStringList LogViewSession::captions(int kind)

@@ -8,6 +8,8 @@
 
 #include <QList>
 #include <QString>
+#include <QVariantMap>
+#include <array>
 #include <map>
 #include <memory>
 #include <optional>
@@ -41,6 +43,18 @@ public:
         int position = -1;
         QString caption;
     };
+
+    /// A row bound to a graph by a check mark: the query it was read in and the row's keys,
+    /// which stay valid whatever sort or page is shown later.
+    struct BoundRecord
+    {
+        int logKind = 0;
+        QueryNumbers numbers;
+        QVariantMap keys;
+        QStringList cells;
+    };
+    /// The number of check marks.
+    static constexpr int checkMarks = 2;
 
     /// `base` gives the scratch database, the dictionary and the settings; its selection
     /// fields are replaced by each request.
@@ -93,7 +107,18 @@ public:
     /// The message of a check mark on a waveform or PQ view with no row selected; empty when
     /// a row is selected or the kind has no check marks.
     QString checkMessage(int row) const;
+    /// Check mark `mark` set on data row `row` of grid 0 of a waveform or PQ view: the row is
+    /// bound and true comes back. False, and nothing bound, for no row or another kind
+    /// (`checkMessage` tells the user why).
+    bool bind(int mark, int row);
+    /// Check mark `mark` cleared.
+    void release(int mark);
+    /// What check mark `mark` holds; empty when it is not set. A new load clears both marks,
+    /// since their rows belong to the query that was shown.
+    std::optional<BoundRecord> bound(int mark) const;
 
+    /// Waveform and PQ views have the two check marks.
+    static bool hasCheckMarks(int kind);
     /// The captions of the grids of `kind` ("Show Snapshots", "Show Inputs" ...).
     static QStringList captions(int kind);
     /// The view's name in the title ("Snapshots", "Database Status" ...).
@@ -115,6 +140,7 @@ private:
     TopQueryBuffer* m_buffer = nullptr;
     std::map<int, std::unique_ptr<Entry>> m_entries;
     Entry* m_current = nullptr;
+    std::array<std::optional<BoundRecord>, checkMarks> m_bound;
 };
 
 } // namespace lorvane

@@ -286,6 +286,19 @@ TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)
     EXPECT_EQ(session.checkMessage(-1), QStringLiteral("Please select a waveform record."));
     EXPECT_TRUE(session.checkMessage(0).isEmpty());
     const int last = int(waves.rows.size()) - 1;
+    // Check marks: none without a row; a row is held by its keys until released or reloaded.
+    EXPECT_FALSE(session.bind(0, -1));
+    EXPECT_FALSE(session.bound(0).has_value());
+    ASSERT_TRUE(session.bind(1, last));
+    ASSERT_TRUE(session.bound(1).has_value());
+    EXPECT_FALSE(session.bound(0).has_value());
+    EXPECT_EQ(session.bound(1)->keys, waves.rowKeys.at(last));
+    EXPECT_EQ(session.bound(1)->cells, waves.rows.at(last));
+    EXPECT_EQ(session.bound(1)->numbers.query, session.result().numbers.query);
+    EXPECT_FALSE(session.bind(2, 0));
+    session.release(1);
+    EXPECT_FALSE(session.bound(1).has_value());
+    ASSERT_TRUE(session.bind(0, 0));
     const LogViewSession::GraphAction open = session.graph(last);
     ASSERT_EQ(open.kind, LogViewSession::GraphAction::Kind::Waveform);
     EXPECT_EQ(open.position, last);
@@ -310,6 +323,7 @@ TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)
     // PQ: a double click on a record lists its captures.
     session.setRequest(press(5, meter), &buffer);
     session.LoadQuery(true, nullptr);
+    EXPECT_FALSE(session.bound(0).has_value()) << "a new load releases the marks";
     EXPECT_EQ(session.checkMessage(-1), QStringLiteral("Please select a PQ record."));
     if (!session.result().grids.first().rows.isEmpty()) {
         const auto list = session.rowDetail(0, 0);
@@ -326,10 +340,49 @@ TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)
         EXPECT_EQ(input->rows.first().first(), QStringLiteral("Module Name"));
     }
 
-    // Snapshots: "Record {n}, {count}".
+    // Snapshots: "Record {n}, {count}"; no check marks.
     session.setRequest(press(snapshotButton, meter), &buffer);
     session.LoadQuery(true, nullptr);
+    EXPECT_FALSE(session.bind(0, 0));
+    EXPECT_TRUE(session.checkMessage(-1).isEmpty());
     const int count = int(session.result().grids.first().rows.size());
     EXPECT_EQ(session.statusText(0, 2), QStringLiteral("Record 3, %1").arg(count));
     EXPECT_TRUE(session.statusText(0, count).isEmpty());
+}
+
+TEST(LogViewSession, RecordTypeChoicesShowTheTypeIdOfTheirName)
+{
+    SimMeters sim;
+    const QString meter = sim.meter(QStringLiteral("Typed"));
+    LogViewSession session(base(sim));
+    TopQueryBuffer buffer;
+    session.setRequest(press(snapshotButton, meter), &buffer);
+    session.LoadQuery(true, nullptr);
+    const int all = int(session.result().grids.first().rows.size());
+    ASSERT_GT(all, 0);
+    const int type = int(session.result().grids.first().columns.indexOf("Record Type"));
+    ASSERT_GE(type, 0);
+
+    // The simulated first interval log writes its ordinary records with TypeID 2, "Log 1".
+    const QStringList groupings = SortOptions::snapshotGroupings();
+    SortState sort;
+    sort.recordType = int(groupings.indexOf(QStringLiteral("Log 1")));
+    session.setSort(sort);
+    const GridTable log1 = session.result().grids.first();
+    ASSERT_FALSE(log1.rows.isEmpty());
+    for (const QStringList& row : log1.rows)
+        EXPECT_EQ(row.at(type), QStringLiteral("2"));
+    // "Log 2" is the demand log's type: none of it among the snapshots.
+    sort.recordType = int(groupings.indexOf(QStringLiteral("Log 2")));
+    session.setSort(sort);
+    EXPECT_TRUE(session.result().grids.first().rows.isEmpty());
+
+    // The "Snapshot Type" list names the same types; "User Defined" shows every record.
+    const QStringList choices = session.typeChoices();
+    session.setTypeChoice(int(choices.indexOf(QStringLiteral("Log 1"))));
+    EXPECT_EQ(session.typeChoice(), choices.indexOf(QStringLiteral("Log 1")));
+    EXPECT_EQ(session.result().grids.first().rows.size(), log1.rows.size());
+    EXPECT_EQ(session.result().grids.first().rows.first().at(type), QStringLiteral("2"));
+    session.setTypeChoice(0);
+    EXPECT_EQ(session.result().grids.first().rows.size(), all);
 }
