@@ -6,6 +6,7 @@
 #include "WaveGraphSetup.h"
 #include "WavePropertyFrm.h"
 #include "app/RunContext.h"
+#include "app/ui/frmProgress.h"
 #include "frmSetYExtents.h"
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
@@ -17,6 +18,7 @@
 #include "waveform/WaveformProperties.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -98,6 +100,7 @@ void TalWaveGraphPE::build()
 {
     auto* layout = new QVBoxLayout(this);
     buildCommands(layout);
+    buildViewCommands();
 
     m_pages = new QStackedWidget;
     auto* capturePage = new QWidget;
@@ -130,9 +133,10 @@ void TalWaveGraphPE::build()
         [](int, double v) { return InterharmonicAnalysis::barHotSpot(false, v); });
     m_ihGroups->setHoverText(
         [](int, double v) { return InterharmonicAnalysis::barHotSpot(true, v); });
-    ihLayout->addWidget(m_ihTrace, 2);
-    ihLayout->addWidget(m_ihSpectrum, 3);
-    ihLayout->addWidget(m_ihGroups, 3);
+    // One graph at a time, chosen by the view's buttons.
+    ihLayout->addWidget(m_ihTrace);
+    ihLayout->addWidget(m_ihSpectrum);
+    ihLayout->addWidget(m_ihGroups);
     m_pages->addWidget(ihPage);
 
     m_composition = new WaveStripChart;
@@ -180,28 +184,34 @@ void TalWaveGraphPE::buildCommands(QVBoxLayout* layout)
         {Advanced, userText("503412", "Advanced Waveform")},
         {Interharmonic, userText("503413", "Interharmonic")},
     }};
-    // Two rows, so that the window fits the frame of a small screen.
-    auto* rows = new QGridLayout;
+    // Two rows, so that the window fits the frame of a small screen. &Close stands beside
+    // them and stays in every state, while the rows give way to the set of a view.
+    auto* top = new QHBoxLayout;
+    m_commandSets = new QStackedWidget;
+    auto* main = new QWidget;
+    auto* rows = new QGridLayout(main);
+    rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(2);
-    const int perRow = int(captions.size() + 1) / 2;
+    const int perRow = int(captions.size()) / 2;
     int position = 0;
     for (const auto& [index, caption] : captions) {
         auto* button = new QPushButton(caption);
         button->setObjectName(QStringLiteral("Command1_%1").arg(index));
         m_commands[index] = button;
+        if (index == Close)
+            continue;
         rows->addWidget(button, position / perRow, position % perRow);
         ++position;
     }
-    layout->addLayout(rows);
+    m_commands[Close]->setToolTip(userText("505000", "Close this waveform view"));
+    m_commandSets->addWidget(main);
+    top->addWidget(m_commandSets, 1);
+    top->addWidget(m_commands[Close], 0, Qt::AlignTop);
+    layout->addLayout(top);
     connect(m_commands[Help], &QPushButton::clicked, this,
             [this] { emit helpRequested(QStringLiteral("LRWaveform")); });
     connect(m_commands[PrintGraph], &QPushButton::clicked, this, &TalWaveGraphPE::printGraphs);
-    connect(m_commands[Close], &QPushButton::clicked, this, [this] {
-        if (view() != 0)
-            showCapture();
-        else
-            window()->close();
-    });
+    connect(m_commands[Close], &QPushButton::clicked, this, [this] { window()->close(); });
     connect(m_commands[Details], &QPushButton::clicked, this,
             [this] { setDetailsOn(!m_detailsOn); });
     connect(m_commands[ZoomOut], &QPushButton::clicked, this, &TalWaveGraphPE::zoomOutAll);
@@ -217,6 +227,99 @@ void TalWaveGraphPE::buildCommands(QVBoxLayout* layout)
             &TalWaveGraphPE::showCompositionSetup);
     connect(m_commands[Interharmonic], &QPushButton::clicked, this,
             &TalWaveGraphPE::showInterharmonic);
+}
+
+void TalWaveGraphPE::buildViewCommands()
+{
+    const std::array<QString, ViewCommandCount> captions{
+        userText("505001", "&Help"),
+        userText("505002", "&Back"),
+        userText("505003", "&Print/Export"),
+        userText("505004", "&Edit Graph"),
+        userText("505005", "&Zoom Out"),
+        userText("505006", "&Waveform"),
+        userText("505007", "&Harmonic && Interharmonic"),
+        userText("505008", "&IEC-1000-2-1 Interharmonic"),
+    };
+    auto* set = new QWidget;
+    auto* row = new QHBoxLayout(set);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2);
+    for (int i = 0; i < ViewCommandCount; ++i) {
+        m_viewCommands.at(i) = new QPushButton(captions.at(i));
+        row->addWidget(m_viewCommands.at(i));
+    }
+    m_viewCommands[ViewBack]->setToolTip(userText("505009", "Go back to global view"));
+    const std::array<QString, CheckCount> checks{
+        userText("505010", "In"),
+        userText("505011", "Inputs"),
+        userText("505012", "RMS Val"),
+    };
+    for (int i = 0; i < CheckCount; ++i) {
+        m_checks.at(i) = new QCheckBox(checks.at(i));
+        m_checks.at(i)->setObjectName(QStringLiteral("Check1_%1").arg(i));
+        row->addWidget(m_checks.at(i));
+    }
+    row->addStretch();
+    m_commandSets->addWidget(set);
+
+    connect(m_viewCommands[ViewHelp], &QPushButton::clicked, this,
+            [this] { emit helpRequested(QStringLiteral("LRWaveform")); });
+    connect(m_viewCommands[ViewBack], &QPushButton::clicked, this, [this] {
+        if (view() == 0)
+            setDetailsOn(false);
+        else
+            showCapture();
+    });
+    auto* printExport = new QMenu(this);
+    printExport->addAction(userText("503460", "Print Graph"), this, &TalWaveGraphPE::printGraphs);
+    printExport->addAction(userText("503459", "Export Graph"), this,
+                           &TalWaveGraphPE::exportPicture);
+    m_viewCommands[ViewPrintExport]->setMenu(printExport);
+    connect(m_viewCommands[ViewEditGraph], &QPushButton::clicked, this, &TalWaveGraphPE::editGraph);
+    connect(m_viewCommands[ViewZoomOut], &QPushButton::clicked, this, &TalWaveGraphPE::zoomOutAll);
+    for (const int graph : {ViewWaveform, ViewSpectrum, ViewGroups}) {
+        connect(m_viewCommands.at(graph), &QPushButton::clicked, this,
+                [this, graph] { showInterharmonicGraph(graph); });
+    }
+    // In and Inputs are the toggles of buttons 9 and 10: they choose the strips that the
+    // capture shows on the way back, and the buttons follow them.
+    connect(m_checks[CheckNeutral], &QCheckBox::toggled, this, &TalWaveGraphPE::setNeutralOn);
+    connect(m_checks[CheckInputs], &QCheckBox::toggled, this, &TalWaveGraphPE::setInputsOn);
+    connect(m_checks[CheckRms], &QCheckBox::toggled, this, &TalWaveGraphPE::setRmsShown);
+}
+
+TalWaveGraphPE::State TalWaveGraphPE::state() const
+{
+    switch (view()) {
+    case 1:
+        return State::Interharmonic;
+    case 2:
+        return State::Advanced;
+    default:
+        return m_detailsOn ? State::Detail : State::Global;
+    }
+}
+
+void TalWaveGraphPE::refreshState()
+{
+    const State now = state();
+    const bool interharmonic = now == State::Interharmonic;
+    m_commandSets->setCurrentIndex(now == State::Global ? 0 : 1);
+    // The detail and advanced views carry the set `Command2`, the interharmonic view
+    // `Command3`: the same five buttons and the choice of its graphs.
+    const QString set =
+        interharmonic ? QStringLiteral("Command3_%1") : QStringLiteral("Command2_%1");
+    for (int i = 0; i < ViewCommandCount; ++i) {
+        m_viewCommands.at(i)->setObjectName(set.arg(i));
+        m_viewCommands.at(i)->setVisible(interharmonic || i < ViewWaveform);
+    }
+    for (QCheckBox* box : m_checks)
+        box->setVisible(interharmonic);
+    if (interharmonic) {
+        for (const int graph : {ViewWaveform, ViewSpectrum, ViewGroups})
+            m_viewCommands.at(graph)->setEnabled(graph != m_ihGraph);
+    }
 }
 
 bool TalWaveGraphPE::open(const QueryNumbers& numbers, const QList<qint32>& series, int position,
@@ -239,13 +342,14 @@ bool TalWaveGraphPE::loadAt(int position)
         if (button)
             button->setEnabled(false);
     }
-    const bool loaded =
-        m_capture.open(m_scratch, m_numbers, m_series.at(position), [this](const QString& text) {
-            m_status->setText(text);
-            QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        });
+    beginProgress(userText("505013", "Opening the waveform capture"));
+    // The loader cannot stop half-way: its progress window offers no cancel.
+    if (m_progress)
+        m_progress->cancelButton()->setEnabled(false);
+    const bool loaded = m_capture.open(m_scratch, m_numbers, m_series.at(position),
+                                       [this](const QString& text) { progressStep(text); });
+    endProgress();
     if (!loaded) {
-        m_status->clear();
         refreshCommands();
         userMessages().show(m_capture.message(), UserMessages::Icon::Warning, m_caption);
         return false;
@@ -265,8 +369,6 @@ bool TalWaveGraphPE::loadAt(int position)
                    QString::number(r.waveformNumber) + QStringLiteral(": ") + m_caption);
     buildGraphs();
     showCapture();
-    m_status->setText(userText("503423", "Draw the graphs"));
-    m_status->clear();
     refreshCommands();
     return true;
 }
@@ -414,23 +516,31 @@ WaveStripChart* TalWaveGraphPE::strip(int index) const
 QStringList TalWaveGraphPE::graphNames() const
 {
     QStringList names;
-    for (const Graph& g : m_graphs) {
-        if (!g.chart->isHidden())
-            names << g.name;
-    }
-    if (m_hasStatistics && m_detailsOn)
-        names << userText("503427", "Harmonic");
+    for (const auto& [name, graph] : viewGraphs())
+        names << name;
     return names;
 }
 
-QList<WaveStripChart*> TalWaveGraphPE::shownCharts() const
+QList<std::pair<QString, QChartView*>> TalWaveGraphPE::viewGraphs() const
 {
-    QList<WaveStripChart*> charts;
+    QList<std::pair<QString, QChartView*>> graphs;
+    if (view() == 1) {
+        for (QChartView* graph :
+             std::initializer_list<QChartView*>{m_ihTrace, m_ihSpectrum, m_ihGroups}) {
+            if (!graph->isHidden())
+                graphs.append({graph->chart()->title(), graph});
+        }
+        return graphs;
+    }
+    if (view() == 2)
+        return {{m_composition->chart()->title(), m_composition}};
     for (const Graph& g : m_graphs) {
         if (!g.chart->isHidden())
-            charts << g.chart;
+            graphs.append({g.name, g.chart});
     }
-    return charts;
+    if (m_hasStatistics && m_detailsOn && !m_harmonics->isHidden())
+        graphs.append({userText("503427", "Harmonic"), m_harmonics});
+    return graphs;
 }
 
 int TalWaveGraphPE::view() const
@@ -491,6 +601,7 @@ void TalWaveGraphPE::setDetailsOn(bool on)
             m_graphs.at(c).chart->setVisible(true);
     }
     showStatistics();
+    refreshState();
 }
 
 void TalWaveGraphPE::setNeutralOn(bool on)
@@ -498,6 +609,8 @@ void TalWaveGraphPE::setNeutralOn(bool on)
     m_neutralOn = on;
     m_commands[NeutralCurrent]->setText(on ? userText("503429", "I&n Off")
                                            : userText("503430", "I&n On"));
+    const QSignalBlocker block(m_checks[CheckNeutral]);
+    m_checks[CheckNeutral]->setChecked(on);
     for (const Graph& g : std::as_const(m_graphs)) {
         if (g.channels == QList<int>{WaveformChannels::In})
             g.chart->setVisible(on && !m_detailsOn);
@@ -509,6 +622,8 @@ void TalWaveGraphPE::setInputsOn(bool on)
     m_inputsOn = on;
     m_commands[Inputs]->setText(on ? userText("503431", "&Inputs Off")
                                    : userText("503409", "&Inputs On"));
+    const QSignalBlocker block(m_checks[CheckInputs]);
+    m_checks[CheckInputs]->setChecked(on);
     for (const Graph& g : std::as_const(m_graphs)) {
         if (!g.channels.isEmpty() && g.channels.first() >= WaveformChannels::Input1)
             g.chart->setVisible(on && !m_detailsOn);
@@ -610,7 +725,17 @@ void TalWaveGraphPE::undoZoom()
 void TalWaveGraphPE::zoomOutAll()
 {
     if (view() == 2) {
+        m_composition->setAutomaticY();
         m_composition->setXRange(0, m_composition->property("fullWidth").toDouble());
+        return;
+    }
+    if (view() == 1) {
+        const QVector<float>& window = m_ihResult.time;
+        m_ihTrace->setAutomaticY();
+        if (!window.isEmpty())
+            m_ihTrace->setXRange(window.first(), window.last());
+        m_ihSpectrum->setAutomaticY();
+        m_ihGroups->setAutomaticY();
         return;
     }
     const QVector<float>& time = m_capture.channels().time;
@@ -674,20 +799,16 @@ void TalWaveGraphPE::exportPicture()
 
 bool TalWaveGraphPE::exportGraph(int index, const QString& path)
 {
-    const QList<WaveStripChart*> charts = shownCharts();
-    QChartView* view = nullptr;
-    if (index >= 0 && index < charts.size())
-        view = charts.at(index);
-    else if (index == charts.size() && m_hasStatistics && m_detailsOn)
-        view = m_harmonics;
-    if (!view)
+    const QList<std::pair<QString, QChartView*>> graphs = viewGraphs();
+    if (index < 0 || index >= graphs.size())
         return false;
+    QChartView* view = graphs.at(index).second;
     if (path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
         QSvgGenerator svg;
         svg.setFileName(path);
         svg.setSize(view->size());
         svg.setViewBox(view->rect());
-        svg.setTitle(graphNames().value(index));
+        svg.setTitle(graphs.at(index).first);
         QPainter painter;
         if (!painter.begin(&svg))
             return false;
@@ -709,16 +830,8 @@ void TalWaveGraphPE::printGraphs()
             return;
     }
     QList<QChartView*> views;
-    if (view() == 1)
-        views = {m_ihTrace, m_ihSpectrum, m_ihGroups};
-    else if (view() == 2)
-        views = {m_composition};
-    else {
-        for (WaveStripChart* chart : shownCharts())
-            views << chart;
-        if (m_harmonics->isVisible())
-            views << m_harmonics;
-    }
+    for (const auto& [name, graph] : viewGraphs())
+        views << graph;
     QPainter painter;
     if (!painter.begin(&printer)) {
         userMessages().show(userText("503440", "The printer could not be opened."),
@@ -741,18 +854,37 @@ bool TalWaveGraphPE::showInterharmonic()
 {
     if (m_busy || !m_capture.isOpen())
         return false;
-    m_busy = true;
-    const WaveformCapture& capture = m_capture;
-    m_ihResult =
-        m_interharmonic.run(m_capture.record(), m_capture.channels(), m_focus,
-                            [&capture](int direction, int loadChannel, WaveformChannels& rows) {
-                                return capture.loadAdjacent(direction, loadChannel, rows);
-                            });
-    m_busy = false;
-    if (!m_ihResult.ok) {
-        userMessages().show(m_ihResult.message, UserMessages::Icon::Warning, windowTitle());
+    // A window that cannot be filled is told before anything starts; a wrong channel is
+    // told by the analysis itself, which checks it first.
+    const InterharmonicAnalysis::Preparation prepared =
+        InterharmonicAnalysis::prepare(m_capture.record());
+    if (!prepared.ok && m_focus >= 0 && m_focus < WaveformChannels::analogCount) {
+        userMessages().show(prepared.message, UserMessages::Icon::Warning, windowTitle());
         return false;
     }
+    // The steps serve the window's events; the busy flag keeps a click or a close from
+    // entering while they run.
+    m_busy = true;
+    beginProgress(userText("505014", "Interharmonic analysis"));
+    progressStep(userText("505015", "Reading the interharmonic window"));
+    const WaveformCapture& capture = m_capture;
+    InterharmonicAnalysis::Result result = m_interharmonic.run(
+        m_capture.record(), m_capture.channels(), m_focus,
+        [this, &capture](int direction, int loadChannel, WaveformChannels& rows) {
+            progressStep(userText("505016", "Reading the following capture"));
+            return capture.loadAdjacent(direction, loadChannel, rows);
+        });
+    progressStep(userText("505017", "Drawing the interharmonic graphs"));
+    const bool cancelled = m_progress && m_progress->Cancelled();
+    endProgress();
+    m_busy = false;
+    if (cancelled)
+        return false;
+    if (!result.ok) {
+        userMessages().show(result.message, UserMessages::Icon::Warning, windowTitle());
+        return false;
+    }
+    m_ihResult = std::move(result);
     m_ihTrace->clearCurves();
     m_ihTrace->setTitles(m_ihResult.trace.title, m_ihResult.trace.xTitle, m_ihResult.trace.yTitle);
     m_ihTrace->addCurve(m_ihResult.trace.subsetTitle, &m_ihResult.time, &m_ihResult.samples,
@@ -761,9 +893,91 @@ bool TalWaveGraphPE::showInterharmonic()
     m_ihSpectrum->show(m_ihResult.spectrum, QColor(0, 90, 170));
     m_ihGroups->show(m_ihResult.groups, QColor(170, 60, 0));
     m_pages->setCurrentIndex(1);
-    m_commands[Close]->setText(userText("503441", "&Back"));
+    setRmsShown(m_checks[CheckRms]->isChecked());
+    showInterharmonicGraph(m_ihGraph);
     refreshAnnotations();
     return true;
+}
+
+void TalWaveGraphPE::showInterharmonicGraph(int command)
+{
+    m_ihGraph = command;
+    m_ihTrace->setVisible(command == ViewWaveform);
+    m_ihSpectrum->setVisible(command == ViewSpectrum);
+    m_ihGroups->setVisible(command == ViewGroups);
+    refreshState();
+}
+
+void TalWaveGraphPE::setRmsShown(bool on)
+{
+    m_ihTrace->setTextBlock(on ? rmsText() : QString());
+}
+
+QString TalWaveGraphPE::rmsText() const
+{
+    // The root mean square of every recorded analog channel over the whole capture, one
+    // line each ("Van = 120.00"): the level the interharmonic percentages stand against.
+    const WaveformChannels& ch = m_capture.channels();
+    QStringList lines;
+    for (int c = 0; c < WaveformChannels::analogCount; ++c) {
+        const QVector<float>& values = ch.samples.at(c);
+        if (!ch.recorded.at(c) || values.isEmpty())
+            continue;
+        double sum = 0;
+        for (const float v : values)
+            sum += double(v) * v;
+        lines << ch.labels.at(c) + QStringLiteral(" = ") +
+                     QString::number(std::sqrt(sum / values.size()), 'f', 2);
+    }
+    return lines.join(u'\n');
+}
+
+void TalWaveGraphPE::beginProgress(const QString& title)
+{
+    if (!m_progress)
+        return;
+    m_progress->Start(title);
+    // The steps have no count: the bar only shows that work goes on.
+    m_progress->setProgressMax(0);
+    m_progress->show();
+}
+
+void TalWaveGraphPE::progressStep(const QString& text)
+{
+    if (m_progress)
+        m_progress->AddMessage(text);
+    else
+        m_status->setText(text);
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void TalWaveGraphPE::endProgress()
+{
+    if (m_progress)
+        m_progress->hide();
+    m_status->clear();
+}
+
+void TalWaveGraphPE::editGraph()
+{
+    YExtentsTarget* target = nullptr;
+    switch (state()) {
+    case State::Interharmonic:
+        target = m_ihGraph == ViewWaveform   ? static_cast<YExtentsTarget*>(m_ihTrace)
+                 : m_ihGraph == ViewSpectrum ? m_ihSpectrum
+                                             : m_ihGroups;
+        break;
+    case State::Advanced:
+        target = m_composition;
+        break;
+    default:
+        for (const Graph& g : std::as_const(m_graphs)) {
+            if (g.channels.contains(m_focus))
+                target = g.chart;
+        }
+    }
+    if (target)
+        editYExtents(target);
 }
 
 void TalWaveGraphPE::showCapture()
@@ -779,6 +993,7 @@ void TalWaveGraphPE::showCapture()
     m_commands[Close]->setText(m_zoomStack.isEmpty() ? userText("503402", "&Close")
                                                      : userText("503434", "&CLOSE"));
     showStatistics();
+    refreshState();
 }
 
 QList<WaveCompositionItem> TalWaveGraphPE::compositionCandidates()
@@ -875,7 +1090,7 @@ void TalWaveGraphPE::showComposition(const WaveCompositionList& list)
     m_composition->setColors(toQColor(m_settings.foreColor), toQColor(m_settings.backColor));
     m_composition->setXRange(0, width > 0 ? width : 1);
     m_pages->setCurrentIndex(2);
-    m_commands[Close]->setText(userText("503441", "&Back"));
+    refreshState();
 }
 
 void TalWaveGraphPE::editSettings()
@@ -898,7 +1113,7 @@ void TalWaveGraphPE::showProperties()
     runDialog(properties);
 }
 
-void TalWaveGraphPE::editYExtents(WaveStripChart* chart)
+void TalWaveGraphPE::editYExtents(YExtentsTarget* chart)
 {
     frmSetYExtents extents(chart, this);
     runDialog(extents);

@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 
+class QCheckBox;
 class QLabel;
 class QPushButton;
 class QScrollBar;
@@ -25,6 +26,7 @@ namespace lorvane {
 
 class SqliteDatabase;
 class WaveBarChart;
+class frmProgress;
 struct RunContext;
 
 /// The window of one waveform capture: a strip per channel over a time axis in milliseconds,
@@ -53,6 +55,39 @@ public:
         Advanced = 13,
         Interharmonic = 14,
         CommandCount = 15,
+    };
+    /// Index of a button of the view set: 0 to 4 make `Command2` of the detail and advanced
+    /// views, all eight `Command3` of the interharmonic view, where 5 to 7 pick the graph.
+    enum ViewCommand
+    {
+        ViewHelp = 0,
+        ViewBack = 1,
+        ViewPrintExport = 2,
+        ViewEditGraph = 3,
+        ViewZoomOut = 4,
+        ViewWaveform = 5,
+        ViewSpectrum = 6,
+        ViewGroups = 7,
+        ViewCommandCount = 8,
+    };
+    /// Index of a `Check1` box of the interharmonic view.
+    enum Check
+    {
+        CheckNeutral = 0,
+        CheckInputs = 1,
+        CheckRms = 2,
+        CheckCount = 3,
+    };
+    /// What the window shows.
+    enum class State
+    {
+        /// All strips of the capture.
+        Global,
+        /// The strip in focus with its harmonics.
+        Detail,
+        Interharmonic,
+        /// The composition of several captures.
+        Advanced,
     };
     /// Graph index of the inputs among `strip()`.
     static constexpr int inputsGraph = 7;
@@ -107,7 +142,19 @@ public:
     /// The properties window of the open capture.
     void showProperties();
     /// "Set Y Extents" for a graph.
-    void editYExtents(WaveStripChart* chart);
+    void editYExtents(YExtentsTarget* chart);
+    /// "&Edit Graph": the y extents of the graph the view shows.
+    void editGraph();
+    /// The interharmonic graph shown alone: `ViewWaveform`, `ViewSpectrum` or `ViewGroups`.
+    void showInterharmonicGraph(int command);
+    /// Writes the RMS values of the capture's channels on the interharmonic trace, or takes
+    /// them off.
+    void setRmsShown(bool on);
+
+    /// Shows the progress of opening a capture and of the interharmonic computation in
+    /// `progress` (the run's window, which must outlive this one); without one the status
+    /// line of the window shows it.
+    void setProgressWindow(frmProgress* progress) { m_progress = progress; }
 
     /// Saves with this instead of the file dialog (tests).
     void setSavePath(SavePath savePath) { m_savePath = std::move(savePath); }
@@ -124,6 +171,10 @@ public:
     /// Names of the graphs shown, as the export dialog lists them.
     QStringList graphNames() const;
     QPushButton* command(int index) const { return m_commands.at(index); }
+    /// Button `index` of the view set (`ViewCommand`).
+    QPushButton* viewCommand(int index) const { return m_viewCommands.at(index); }
+    QCheckBox* check(int index) const { return m_checks.at(index); }
+    State state() const;
     /// The five-line statistics of the last click; empty before one.
     QString statisticsText() const;
     const WaveformStatistics::ChannelStatistics& statistics() const { return m_statistics; }
@@ -168,7 +219,17 @@ private:
     bool loadAt(int position);
     double stepMs() const;
     QList<WaveCompositionItem> compositionCandidates();
-    QList<WaveStripChart*> shownCharts() const;
+    /// The graphs the view shows, with their names, in the order of the export list.
+    QList<std::pair<QString, QChartView*>> viewGraphs() const;
+    void buildViewCommands();
+    /// Shows the button set of the state and the tips that go with it.
+    void refreshState();
+    void beginProgress(const QString& title);
+    /// One step of a long operation: the text goes to the progress window or the status line
+    /// and the window's events are served.
+    void progressStep(const QString& text);
+    void endProgress();
+    QString rmsText() const;
 
     SqliteDatabase& m_scratch;
     QString m_settingsFile;
@@ -195,6 +256,10 @@ private:
     WaveStripChart::ZoomMode m_zoomMode = WaveStripChart::ZoomMode::Horizontal;
 
     std::array<QPushButton*, CommandCount> m_commands{};
+    std::array<QPushButton*, ViewCommandCount> m_viewCommands{};
+    std::array<QCheckBox*, CheckCount> m_checks{};
+    QStackedWidget* m_commandSets = nullptr;
+    frmProgress* m_progress = nullptr;
     QStackedWidget* m_pages = nullptr;
     QWidget* m_graphArea = nullptr;
     QVBoxLayout* m_graphLayout = nullptr;
@@ -207,6 +272,7 @@ private:
     WaveBarChart* m_ihSpectrum = nullptr;
     WaveBarChart* m_ihGroups = nullptr;
     WaveStripChart* m_composition = nullptr;
+    int m_ihGraph = ViewWaveform;
     QList<WaveformChannels> m_compositionData;
     QList<WaveCompositionItem> m_compositionItems;
     WaveCompositionList m_lastComposition;

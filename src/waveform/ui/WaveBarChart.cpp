@@ -6,6 +6,7 @@
 #include <QBarSet>
 #include <QCursor>
 #include <QFont>
+#include <QPainter>
 #include <QToolTip>
 #include <QValueAxis>
 #include <algorithm>
@@ -60,23 +61,76 @@ void WaveBarChart::show(const GraphSeries& series, const QColor& color)
     if (wide && series.y.size() > 12)
         x->setLabelsAngle(-90);
     // Hundreds of bins leave no room for any text under a bar: the pointer text names them.
-    x->setLabelsVisible(labels.size() <= 64);
+    // Hidden labels take their room with them, and the axis lays its title out in what is
+    // left: none. The title then goes in the chart's own margin below the axis instead,
+    // where it keeps its full width.
+    const bool labelsShown = labels.size() <= 64;
+    x->setLabelsVisible(labelsShown);
+    x->setTitleVisible(labelsShown);
+    m_xTitle = labelsShown ? QString() : series.xTitle;
+    chart()->setMargins(QMargins(4, 4, 4, labelsShown ? 4 : 4 + fontMetrics().height()));
     auto* y = new QValueAxis;
     y->setTitleText(series.yTitle);
-    const double top =
-        series.y.isEmpty() ? 1.0 : *std::max_element(series.y.cbegin(), series.y.cend());
-    y->setRange(0, top > 0 ? top * 1.1 : 1.0);
     y->setLabelFormat(QStringLiteral("%.1f"));
     chart()->addAxis(x, Qt::AlignBottom);
     chart()->addAxis(y, Qt::AlignLeft);
     bars->attachAxis(x);
     bars->attachAxis(y);
+    setAutomaticY();
     connect(bars, &QBarSeries::hovered, this, [this](bool status, int index, QBarSet*) {
         if (status && m_hoverText && index >= 0 && index < m_values.size())
             QToolTip::showText(QCursor::pos(), m_hoverText(index, m_values.at(index)), this);
         else
             QToolTip::hideText();
     });
+}
+
+QValueAxis* WaveBarChart::valueAxis() const
+{
+    const QList<QAbstractAxis*> axes = chart()->axes(Qt::Vertical);
+    return axes.isEmpty() ? nullptr : qobject_cast<QValueAxis*>(axes.first());
+}
+
+void WaveBarChart::setManualY(double bottom, double top)
+{
+    if (QValueAxis* y = valueAxis())
+        y->setRange(bottom, top);
+}
+
+void WaveBarChart::setAutomaticY()
+{
+    const double top =
+        m_values.isEmpty() ? 1.0 : *std::max_element(m_values.cbegin(), m_values.cend());
+    setManualY(0, top > 0 ? top * 1.1 : 1.0);
+}
+
+double WaveBarChart::yMin() const
+{
+    const QValueAxis* y = valueAxis();
+    return y ? y->min() : 0;
+}
+
+double WaveBarChart::yMax() const
+{
+    const QValueAxis* y = valueAxis();
+    return y ? y->max() : 1;
+}
+
+void WaveBarChart::drawForeground(QPainter* painter, const QRectF& rect)
+{
+    QChartView::drawForeground(painter, rect);
+    if (m_xTitle.isEmpty())
+        return;
+    // Centred under the plot, in the bottom margin kept free for it.
+    const QRectF plot = chart()->mapToScene(chart()->plotArea()).boundingRect();
+    const QRectF line(plot.left(),
+                      chart()->mapToScene(chart()->rect()).boundingRect().bottom() -
+                          fontMetrics().height() - 4,
+                      plot.width(), fontMetrics().height());
+    painter->save();
+    painter->setPen(chart()->titleBrush().color());
+    painter->drawText(line, Qt::AlignCenter, m_xTitle);
+    painter->restore();
 }
 
 } // namespace lorvane

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "YExtentsTarget.h"
 #include "waveform/GraphSeries.h"
 
 #include <QChartView>
 #include <functional>
 
+class QValueAxis;
+
 namespace lorvane {
 
 /// A bar graph of one series with a label under each bar and a pointer text over each bar.
-class WaveBarChart : public QChartView
+class WaveBarChart : public QChartView, public YExtentsTarget
 {
     Q_OBJECT
 
@@ -24,10 +27,22 @@ public:
     void setHoverText(HoverText text) { m_hoverText = std::move(text); }
     /// Values of the bars shown.
     const QVector<double>& values() const { return m_values; }
+    void setManualY(double bottom, double top) override;
+    /// Back to the bounds that fit the bars: from 0 to a tenth above the highest.
+    void setAutomaticY();
+    double yMin() const override;
+    double yMax() const override;
+
+protected:
+    void drawForeground(QPainter* painter, const QRectF& rect) override;
 
 private:
+    QValueAxis* valueAxis() const;
+
     QVector<double> m_values;
     HoverText m_hoverText;
+    /// The x title drawn under the plot while the axis labels are hidden; empty otherwise.
+    QString m_xTitle;
 };
 
 } // namespace lorvane

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "YExtentsTarget.h"
 #include "waveform/WaveMarks.h"
 
 #include <QChartView>
@@ -18,7 +19,7 @@ namespace lorvane {
 /// One graph of the waveform window: curves over a time axis in milliseconds, decimated to
 /// the pixels drawn, with annotations (marks, trigger, cursor) and a text block drawn on top.
 /// A drag asks for a zoom, a click reports its x, a right click asks for the pop-up menu.
-class WaveStripChart : public QChartView
+class WaveStripChart : public QChartView, public YExtentsTarget
 {
     Q_OBJECT
 
@@ -46,11 +47,11 @@ public:
     double xMin() const;
     double xMax() const;
     /// Fixed y bounds, or automatic ones from the data with a tenth of the span as margin.
-    void setManualY(double bottom, double top);
+    void setManualY(double bottom, double top) override;
     void setAutomaticY();
     bool manualY() const { return m_manualY; }
-    double yMin() const;
-    double yMax() const;
+    double yMin() const override;
+    double yMax() const override;
     void setZoomMode(ZoomMode mode) { m_zoomMode = mode; }
     void setColors(const QColor& foreground, const QColor& background);
     /// Swaps the chart's background and foreground colours.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "frmSetYExtents.h"
 
-#include "WaveStripChart.h"
+#include "YExtentsTarget.h"
 #include "platform/UserText.h"
 
 #include <QCheckBox>
@@ -21,7 +21,7 @@ QString number(double value)
 
 } // namespace
 
-frmSetYExtents::frmSetYExtents(WaveStripChart* chart, QWidget* parent)
+frmSetYExtents::frmSetYExtents(YExtentsTarget* chart, QWidget* parent)
     : QDialog(parent), m_chart(chart), m_maximum(new QLineEdit(number(chart->yMax()))),
       m_minimum(new QLineEdit(number(chart->yMin()))), m_step(new QLineEdit(QStringLiteral("10"))),
       m_locked(new QCheckBox(userText("503200", "Locked")))

@@ -9,7 +9,7 @@ class QSpinBox;
 
 namespace lorvane {
 
-class WaveStripChart;
+class YExtentsTarget;
 
 /// Manual y bounds of one chart: two values, a step for the up-down buttons and a lock that
 /// moves the other bound the opposite way, widening or narrowing the range about its centre.
@@ -19,7 +19,7 @@ class frmSetYExtents : public QDialog
     Q_OBJECT
 
 public:
-    explicit frmSetYExtents(WaveStripChart* chart, QWidget* parent = nullptr);
+    explicit frmSetYExtents(YExtentsTarget* chart, QWidget* parent = nullptr);
 
     QLineEdit* txtMaximum() const { return m_maximum; }
     QLineEdit* txtMinimum() const { return m_minimum; }
@@ -32,7 +32,7 @@ public:
     void apply();
 
 private:
-    WaveStripChart* m_chart;
+    YExtentsTarget* m_chart;
     QLineEdit* m_maximum;
     QLineEdit* m_minimum;
     QLineEdit* m_step;

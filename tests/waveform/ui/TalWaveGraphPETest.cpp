@@ -4,6 +4,7 @@
 #include "waveform/ui/TalWaveGraphPE.h"
 
 #include "WaveWindowFixture.h"
+#include "app/ui/frmProgress.h"
 #include "platform/UserMessages.h"
 #include "support/ui/Screenshot.h"
 #include "waveform/ui/WaveBarChart.h"
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace lorvane;
@@ -176,11 +178,164 @@ TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
     ASSERT_GT(spectrum.size(), 18);
     EXPECT_NEAR(spectrum.at(12), 100.0, 0.5);
     EXPECT_NEAR(spectrum.at(18), 5.0, 0.5);
-    EXPECT_EQ(window.command(TalWaveGraphPE::Close)->text(), QStringLiteral("&Back"));
+    EXPECT_EQ(window.state(), TalWaveGraphPE::State::Interharmonic);
+
+    // Command3: the five of Command2, then one button for each graph, which shows it alone.
+    const QStringList captions{"&Help",
+                               "&Back",
+                               "&Print/Export",
+                               "&Edit Graph",
+                               "&Zoom Out",
+                               "&Waveform",
+                               "&Harmonic && Interharmonic",
+                               "&IEC-1000-2-1 Interharmonic"};
+    for (int i = 0; i < TalWaveGraphPE::ViewCommandCount; ++i) {
+        EXPECT_EQ(window.viewCommand(i)->text(), captions.at(i));
+        EXPECT_TRUE(window.viewCommand(i)->isVisible()) << i;
+        EXPECT_EQ(window.viewCommand(i)->objectName(), QStringLiteral("Command3_%1").arg(i));
+    }
+    EXPECT_FALSE(window.command(TalWaveGraphPE::Interharmonic)->isVisible());
+    EXPECT_TRUE(window.interharmonicTrace()->isVisible());
+    EXPECT_FALSE(window.interharmonicSpectrum()->isVisible());
+    EXPECT_FALSE(window.interharmonicGroups()->isVisible());
+    window.viewCommand(TalWaveGraphPE::ViewSpectrum)->click();
+    EXPECT_FALSE(window.interharmonicTrace()->isVisible());
+    EXPECT_TRUE(window.interharmonicSpectrum()->isVisible());
+    EXPECT_FALSE(window.viewCommand(TalWaveGraphPE::ViewSpectrum)->isEnabled());
+    EXPECT_EQ(window.graphNames(), QStringList{window.interharmonicSpectrum()->chart()->title()});
     lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-interharmonic"));
-    window.showCapture();
+    window.viewCommand(TalWaveGraphPE::ViewGroups)->click();
+    EXPECT_TRUE(window.interharmonicGroups()->isVisible());
+    EXPECT_FALSE(window.interharmonicSpectrum()->isVisible());
+
+    // &Edit Graph works on the graph shown, a bar graph here; &Zoom Out gives its bounds back.
+    window.setDialogRunner([](QDialog& dialog) {
+        auto* extents = qobject_cast<frmSetYExtents*>(&dialog);
+        if (!extents)
+            return int(QDialog::Rejected);
+        extents->txtMaximum()->setText(QStringLiteral("0.5"));
+        extents->txtMinimum()->setText(QStringLiteral("0"));
+        extents->apply();
+        return int(QDialog::Accepted);
+    });
+    const double groupsTop = window.interharmonicGroups()->yMax();
+    window.viewCommand(TalWaveGraphPE::ViewEditGraph)->click();
+    EXPECT_DOUBLE_EQ(window.interharmonicGroups()->yMax(), 0.5);
+    window.viewCommand(TalWaveGraphPE::ViewZoomOut)->click();
+    EXPECT_DOUBLE_EQ(window.interharmonicGroups()->yMax(), groupsTop);
+
+    // Check1: In and Inputs are the toggles of buttons 9 and 10, both ways.
+    ASSERT_TRUE(window.check(TalWaveGraphPE::CheckNeutral)->isChecked());
+    window.check(TalWaveGraphPE::CheckNeutral)->setChecked(false);
+    EXPECT_EQ(window.command(TalWaveGraphPE::NeutralCurrent)->text(), QStringLiteral("I&n On"));
+    window.command(TalWaveGraphPE::Inputs)->click();
+    EXPECT_FALSE(window.check(TalWaveGraphPE::CheckInputs)->isChecked());
+    // RMS Val writes the RMS of each recorded channel on the trace: a near sine, peak / sqrt 2.
+    window.check(TalWaveGraphPE::CheckRms)->setChecked(true);
+    const QStringList rms = window.interharmonicTrace()->textBlock().split(u'\n');
+    const WaveformChannels& channels = window.capture().channels();
+    const QString iaLine = channels.labels.at(3) + QStringLiteral(" = ");
+    const auto ia = std::find_if(rms.cbegin(), rms.cend(),
+                                 [&](const QString& line) { return line.startsWith(iaLine); });
+    ASSERT_NE(ia, rms.cend()) << rms.join(u'|').toStdString();
+    float peak = 0;
+    for (const float v : channels.samples.at(3))
+        peak = std::max(peak, std::abs(v));
+    EXPECT_NEAR(ia->mid(iaLine.size()).toDouble(), peak / std::sqrt(2.0), peak * 0.06);
+    window.check(TalWaveGraphPE::CheckRms)->setChecked(false);
+    EXPECT_TRUE(window.interharmonicTrace()->textBlock().isEmpty());
+
+    window.viewCommand(TalWaveGraphPE::ViewBack)->click();
     EXPECT_EQ(window.view(), 0);
+    EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
     EXPECT_TRUE(window.capture().isOpen());
+    EXPECT_TRUE(window.strip(6)->isHidden()) << "In was switched off in the interharmonic view";
+    EXPECT_TRUE(window.command(TalWaveGraphPE::Interharmonic)->isVisible());
+}
+
+TEST(TalWaveGraphPE, DetailViewCarriesTheSecondButtonSet)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
+    window.show();
+    EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
+    EXPECT_EQ(window.command(TalWaveGraphPE::Close)->toolTip(),
+              QStringLiteral("Close this waveform view"));
+    EXPECT_TRUE(window.command(TalWaveGraphPE::Next)->isVisible());
+    EXPECT_FALSE(window.viewCommand(TalWaveGraphPE::ViewBack)->isVisible());
+
+    window.command(TalWaveGraphPE::Details)->click();
+    window.clickAt(1, 5.0);
+    EXPECT_EQ(window.state(), TalWaveGraphPE::State::Detail);
+    EXPECT_FALSE(window.command(TalWaveGraphPE::Next)->isVisible());
+    EXPECT_TRUE(window.command(TalWaveGraphPE::Close)->isVisible());
+    for (int i = 0; i < TalWaveGraphPE::ViewCommandCount; ++i) {
+        EXPECT_EQ(window.viewCommand(i)->isVisible(), i <= TalWaveGraphPE::ViewZoomOut) << i;
+        EXPECT_EQ(window.viewCommand(i)->objectName(), QStringLiteral("Command2_%1").arg(i));
+    }
+    EXPECT_EQ(window.viewCommand(TalWaveGraphPE::ViewBack)->toolTip(),
+              QStringLiteral("Go back to global view"));
+    EXPECT_FALSE(window.check(TalWaveGraphPE::CheckRms)->isVisible());
+
+    // &Edit Graph opens the y extents of the strip in focus.
+    const frmSetYExtents* opened = nullptr;
+    window.setDialogRunner([&](QDialog& dialog) {
+        auto* extents = qobject_cast<frmSetYExtents*>(&dialog);
+        opened = extents;
+        if (extents)
+            extents->press(true, true);
+        return int(QDialog::Accepted);
+    });
+    const double top = window.strip(1)->yMax();
+    window.viewCommand(TalWaveGraphPE::ViewEditGraph)->click();
+    ASSERT_NE(opened, nullptr);
+    EXPECT_TRUE(window.strip(1)->manualY());
+    EXPECT_FALSE(window.strip(0)->manualY());
+    EXPECT_GT(window.strip(1)->yMax(), top);
+    window.viewCommand(TalWaveGraphPE::ViewZoomOut)->click();
+    EXPECT_FALSE(window.strip(1)->manualY());
+
+    window.viewCommand(TalWaveGraphPE::ViewBack)->click();
+    EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
+    EXPECT_TRUE(window.strip(0)->isVisible());
+    EXPECT_EQ(window.command(TalWaveGraphPE::Details)->text(),
+              QStringLiteral("Waveform &Details On"));
+    EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join(u'\n').toStdString();
+}
+
+TEST(TalWaveGraphPE, ProgressWindowAndTheRefusedCloseWhileBusy)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    frmProgress progress;
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    window.setProgressWindow(&progress);
+    const int tone = fixture.periodic(64);
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), tone, "tone"));
+    const QStringList opened = progress.messages();
+    EXPECT_TRUE(std::any_of(opened.cbegin(), opened.cend(), [](const QString& line) {
+        return line.endsWith(QStringLiteral("Reading the Waveform data file"));
+    })) << opened.join(u'\n').toStdString();
+    EXPECT_FALSE(progress.isVisible()) << "the progress window goes when the capture is shown";
+    window.show();
+
+    // A close that arrives while the computation serves the window's events is refused.
+    bool closed = true;
+    QTimer::singleShot(0, &window, [&] { closed = window.close(); });
+    window.clickAt(3, 1.0);
+    ASSERT_TRUE(window.showInterharmonic()) << messages.texts().join(u'\n').toStdString();
+    EXPECT_FALSE(closed);
+    EXPECT_TRUE(messages.texts().contains(
+        QStringLiteral("Please wait while Interharmonic computation finishes.")));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(window.busy());
+    EXPECT_TRUE(progress.messages().join(u'\n').contains(
+        QStringLiteral("Drawing the interharmonic graphs")));
+    EXPECT_TRUE(window.close()) << "closing works again once the computation is over";
 }
 
 TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
