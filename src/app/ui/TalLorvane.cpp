@@ -164,6 +164,7 @@ TalWaveGraphPE* TalLorvane::openWaveform(const QueryNumbers& numbers, const QLis
                                          int position, const QString& caption)
 {
     auto* window = new TalWaveGraphPE(m_context);
+    window->setProgressWindow(m_progress);
     connect(window, &TalWaveGraphPE::helpRequested, this, &TalLorvane::showHelp);
     // A capture that does not load has shown its message; no empty window stays behind.
     if (!window->open(numbers, series, position, caption)) {
