@@ -187,6 +187,27 @@ TEST(CaptureWriters, DatabaseCapturesHoldTheirContentAndPqRowsPointAtThem)
     EXPECT_EQ(
         file.db().scalar(s("SELECT COUNT(*) FROM HSInputLabels WHERE Input_7_Label = ''")).toInt(),
         8);
+    // Set points are percentages of the channel's full scale: the same numbers on the phase
+    // and the line voltages, whose full scales differ by sqrt 3, and the dips the PQ log
+    // records lie beneath the lower set point of their channel.
+    for (const QVariantMap& setting : settings) {
+        EXPECT_DOUBLE_EQ(setting.value(s("C0_L1")).toDouble(), 90.0);
+        EXPECT_DOUBLE_EQ(setting.value(s("C9_L1")).toDouble(), 90.0);
+        EXPECT_DOUBLE_EQ(setting.value(s("C11_L2")).toDouble(), 110.0);
+        EXPECT_DOUBLE_EQ(setting.value(s("C5_L2")).toDouble(), 120.0);
+        EXPECT_TRUE(setting.value(s("C5_L1")).isNull());
+    }
+    int dips = 0;
+    for (const QVariantMap& pq : file.dayRows(s("AllPQLogs"), s("PQLog_"))) {
+        if (integer(pq, "ConditionCode") != 2)
+            continue;
+        ++dips;
+        const QVariant lower = settings.value(integer(pq, "Index"))
+                                   .value(QStringLiteral("C%1_L1").arg(integer(pq, "ChannelID")));
+        ASSERT_FALSE(lower.isNull());
+        EXPECT_LT(pq.value(s("PQ%")).toDouble(), lower.toDouble());
+    }
+    EXPECT_GT(dips, 0);
 
     const QList<QVariantMap> waves = file.dayRows(s("AllWaveformLogs"), s("WaveformLog_"));
     ASSERT_FALSE(waves.isEmpty());

@@ -99,19 +99,21 @@ void CaptureSettingsWriter::write(const SimMeter& meter)
         if (setting.hookUp == 0)
             waveEnables |= 1 << 8;
         items.insert(s("WaveEnables"), waveEnables);
-        auto limits = [&](int channel, double low, double high) {
+        auto limits = [&](int channel, double lowPercent, double highPercent) {
             const QString c = QStringLiteral("C%1_").arg(channel);
-            if (low > 0.0) {
+            if (lowPercent > 0.0) {
                 items.insert(c + s("L1SAB"), s("Below"));
-                items.insert(c + s("L1"), low);
+                items.insert(c + s("L1"), lowPercent);
             }
             items.insert(c + s("L2SAB"), s("Above"));
-            items.insert(c + s("L2"), high);
+            items.insert(c + s("L2"), highPercent);
         };
+        // Set points are stored in percent of the channel's full scale (FullScale1 for the
+        // phase voltages, FullScale4 for the line voltages, FullScale5 for the currents).
         for (int p = 0; p < 3; ++p) {
-            limits(p, 0.9 * supply.nominalVoltage, 1.1 * supply.nominalVoltage);
-            limits(4 + p, 0.0, 1.2 * supply.ratedCurrent);
-            limits(9 + p, 0.9 * lineNominal, 1.1 * lineNominal);
+            limits(p, 90.0, 110.0);
+            limits(4 + p, 0.0, 120.0);
+            limits(9 + p, 90.0, 110.0);
         }
         insert(db, meter.schema.table(s("PQWaveLogDataItem")), items);
 
