@@ -14,6 +14,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -101,7 +102,7 @@ void TalHistView::build()
                 [this, i](const QModelIndex& index) { rowActivated(i, index); });
         connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
                 [this, i, model](const QModelIndex& index) {
-                    m_status->setText(m_session.statusText(i, model->dataRow(index.row())));
+                    showStatus(m_session.statusText(i, model->dataRow(index.row())));
                 });
         m_grids[size_t(i)] = view;
         m_models[size_t(i)] = model;
@@ -116,6 +117,17 @@ void TalHistView::build()
         auto* button = new QPushButton(userText(names[i][0], names[i][1]), this);
         m_commands[size_t(i)] = button;
         buttons->addWidget(button);
+    }
+    static const char* const checkNames[][2] = {{"407000", "Graph Record 1"},
+                                                {"407001", "Graph Record 2"}};
+    for (int i = 0; i < int(m_checks.size()); ++i) {
+        auto* check = new QCheckBox(userText(checkNames[i][0], checkNames[i][1]), this);
+        check->setObjectName(QStringLiteral("Check1_%1").arg(i));
+        // Only a click of the user binds: the marks are set from the session without one.
+        connect(check, &QCheckBox::clicked, this,
+                [this, i](bool checked) { checkToggled(i, checked); });
+        m_checks[size_t(i)] = check;
+        buttons->addWidget(check);
     }
     connect(m_commands[SortCommand], &QPushButton::clicked, this, &TalHistView::openSort);
     connect(m_commands[GraphCommand], &QPushButton::clicked, this, &TalHistView::graph);
@@ -262,9 +274,57 @@ void TalHistView::refresh()
     m_commands[BackCommand]->setEnabled(true);
     m_commands[UpCommand]->setEnabled(m_session.canUp());
     m_commands[DownCommand]->setEnabled(m_session.canDown());
-    m_status->setText(result.cancelled
-                          ? userText("406141", "The load was cancelled") + QLatin1Char('.')
-                          : QString());
+    const bool marks = loaded && LogViewSession::hasCheckMarks(kind);
+    for (int i = 0; i < int(m_checks.size()); ++i) {
+        QCheckBox* check = m_checks[size_t(i)];
+        check->setVisible(marks);
+        check->setChecked(m_session.bound(i).has_value());
+    }
+    // A refill leaves no row selected, so a row's text would be stale.
+    showStatus(result.cancelled ? userText("406141", "The load was cancelled") + QLatin1Char('.')
+                                : QString());
+}
+
+void TalHistView::showStatus(const QString& text)
+{
+    m_status->setText(text);
+    emit statusTextChanged(text);
+}
+
+QString TalHistView::statusText() const
+{
+    return m_status->text();
+}
+
+QCheckBox* TalHistView::checkMark(int index) const
+{
+    return m_checks.at(size_t(index));
+}
+
+std::optional<LogViewSession::BoundRecord> TalHistView::boundRecord(int index) const
+{
+    return m_session.bound(index);
+}
+
+void TalHistView::checkToggled(int index, bool checked)
+{
+    if (!checked) {
+        m_session.release(index);
+        return;
+    }
+    const int row = selectedRow();
+    if (m_session.bind(index, row))
+        return;
+    m_checks[size_t(index)]->setChecked(false);
+    const QString message = m_session.checkMessage(row);
+    if (!message.isEmpty())
+        userMessages().show(message, UserMessages::Icon::Information, windowTitle());
+}
+
+bool TalHistView::confirmExit()
+{
+    return userMessages().ask(userText("407002", "Are you sure you want to exit the software?"),
+                              windowTitle());
 }
 
 void TalHistView::selectGrid(int tab)

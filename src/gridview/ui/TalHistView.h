@@ -11,7 +11,9 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QPushButton;
@@ -63,6 +65,14 @@ public:
     const LogViewSession& session() const { return m_session; }
     /// Copies the selected cells of the grid shown to the clipboard, tab separated.
     void copySelection();
+    /// Check mark `index` of `Check1` (0 or 1).
+    QCheckBox* checkMark(int index) const;
+    /// The row check mark `index` binds to a graph; empty when it is not set.
+    std::optional<LogViewSession::BoundRecord> boundRecord(int index) const;
+    /// The status text of the selected row ("Record {n}, {count}"), empty for none.
+    QString statusText() const;
+    /// Asked when the whole program is closed while this window is in front: true to go on.
+    bool confirmExit();
 
 signals:
     void backRequested(); // &Back
@@ -71,6 +81,8 @@ signals:
     /// grid's rows for P&rev/&Next, the position of the chosen one, the window caption).
     void waveformRequested(const lorvane::QueryNumbers& numbers, const QList<qint32>& series,
                            int position, const QString& caption);
+    /// The status text of the selected row changed ("Record {n}, {count}" or empty).
+    void statusTextChanged(const QString& text);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -88,6 +100,8 @@ private:
     void sortChosen(int index);
     void pageChosen(int index);
     void rowActivated(int gridIndex, const QModelIndex& index);
+    void checkToggled(int index, bool checked);
+    void showStatus(const QString& text);
     QString selectionText(int gridIndex) const;
     int selectedRow() const;
     /// A view of `kind` is shown whose grid can be re-sorted.
@@ -102,6 +116,7 @@ private:
     std::array<QTableView*, 4> m_grids{};
     std::array<GridTableModel*, 4> m_models{};
     std::array<QPushButton*, 6> m_commands{};
+    std::array<QCheckBox*, LogViewSession::checkMarks> m_checks{};
     QComboBox* m_combo1 = nullptr;
     QComboBox* m_combo2 = nullptr;
     QComboBox* m_combo3 = nullptr;

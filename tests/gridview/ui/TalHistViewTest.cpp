@@ -7,11 +7,13 @@
 #include "gridview/ui/GridTableModel.h"
 #include "gridview/ui/SortOptionsFrm.h"
 #include "platform/SqliteDatabase.h"
+#include "platform/UserMessages.h"
 #include "query/TopQueryBuffer.h"
 #include "support/TestMeters.h"
 #include "support/ui/Screenshot.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDateTime>
@@ -214,6 +216,69 @@ TEST(TalHistView, WaveformGraphAndClipboardCopy)
         QLatin1Char('\n') +
         QStringList{w.cell(0, 1, 0), w.cell(0, 1, 1), w.cell(0, 1, 2)}.join(QLatin1Char('\t'));
     EXPECT_EQ(QApplication::clipboard()->text(), expected);
+}
+
+TEST(TalHistView, CheckMarksBindTheSelectedRowAndRowsTellTheirNumber)
+{
+    RecordedMessages messages;
+    ScopedUserMessages scoped(messages);
+    Window w;
+    w.view->show();
+    w.view->showRequest(w.press(4), w.buffer);
+    ASSERT_GT(w.rows(0), 1);
+    QTableView* grid = w.view->grid(0);
+    QCheckBox* first = w.view->checkMark(0);
+    QCheckBox* second = w.view->checkMark(1);
+    EXPECT_TRUE(first->isVisible());
+
+    // No row: the mark stays clear and says why.
+    grid->setCurrentIndex(QModelIndex());
+    first->click();
+    EXPECT_FALSE(first->isChecked());
+    EXPECT_FALSE(w.view->boundRecord(0).has_value());
+    EXPECT_EQ(messages.texts(), QStringList{QStringLiteral("Please select a waveform record.")});
+
+    // A row: each mark holds its own until it is cleared.
+    grid->setCurrentIndex(grid->model()->index(1, 0));
+    first->click();
+    grid->setCurrentIndex(grid->model()->index(0, 0));
+    second->click();
+    EXPECT_TRUE(first->isChecked());
+    EXPECT_TRUE(second->isChecked());
+    ASSERT_TRUE(w.view->boundRecord(0).has_value());
+    ASSERT_TRUE(w.view->boundRecord(1).has_value());
+    EXPECT_EQ(w.view->boundRecord(0)->cells.first(), w.cell(0, 1, 0));
+    EXPECT_EQ(w.view->boundRecord(1)->cells.first(), w.cell(0, 0, 0));
+    EXPECT_EQ(w.view->boundRecord(0)->logKind, 9);
+    first->click();
+    EXPECT_FALSE(w.view->boundRecord(0).has_value());
+    EXPECT_TRUE(w.view->boundRecord(1).has_value());
+
+    // Another view clears the marks; the PQ view has its own message.
+    messages.clear();
+    w.view->showRequest(w.press(5), w.buffer);
+    EXPECT_FALSE(second->isChecked());
+    EXPECT_FALSE(w.view->boundRecord(1).has_value());
+    grid->setCurrentIndex(QModelIndex());
+    second->click();
+    EXPECT_FALSE(second->isChecked());
+    EXPECT_EQ(messages.texts(), QStringList{QStringLiteral("Please select a PQ record.")});
+
+    // Snapshots have no marks; a chosen row tells its number in the window and to the frame.
+    w.view->showRequest(w.press(1), w.buffer);
+    EXPECT_FALSE(first->isVisible());
+    QSignalSpy status(w.view.get(), &TalHistView::statusTextChanged);
+    const int count = int(w.view->session().result().grids.first().rows.size());
+    ASSERT_GT(count, 1);
+    grid->setCurrentIndex(grid->model()->index(w.rows(0) - 1, 0));
+    const QString expected = QStringLiteral("Record %1, %1").arg(count);
+    ASSERT_GT(status.count(), 0);
+    EXPECT_EQ(status.last().first().toString(), expected);
+    EXPECT_EQ(w.view->statusText(), expected);
+    // A refill leaves no row chosen and no stale text.
+    w.view->showRequest(w.press(1), w.buffer);
+    EXPECT_TRUE(w.view->statusText().isEmpty());
+    EXPECT_TRUE(status.last().first().toString().isEmpty());
 }
 
 TEST(TalHistView, TheSortDialogShowsTheChoiceAndReturnsIt)
