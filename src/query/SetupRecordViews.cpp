@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SetupRecordViews.h"
 
+#include "EventCellText.h"
 #include "GridCellText.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/UserText.h"
 #include "store/SystemEventTexts.h"
+
+#include <QLocale>
 
 namespace lorvane {
 
@@ -32,6 +35,72 @@ QVariantMap settingRow(SqliteDatabase& scratch, const QString& table, const QStr
             row.insert(select.columnName(c), select.value(c));
     }
     return row;
+}
+
+/// The row of a copied setting table for one (device, `Index`), as column -> value; empty when
+/// there is none.
+QVariantMap indexedRow(SqliteDatabase& scratch, const QString& table, qint64 deviceIndex,
+                       qint64 index)
+{
+    SqlStatement select = scratch.prepare(
+        QStringLiteral("SELECT * FROM %1 WHERE [DeviceIndex] = ? AND [Index] = ? LIMIT 1")
+            .arg(SqlIdentifier::quote(table)));
+    select.bindAll({deviceIndex, index});
+    QVariantMap row;
+    if (select.next()) {
+        for (int c = 0; c < select.columnCount(); ++c)
+            row.insert(select.columnName(c), select.value(c));
+    }
+    return row;
+}
+
+bool isNumber(const QVariant& value)
+{
+    bool ok = false;
+    if (value.isValid() && !value.isNull())
+        value.toDouble(&ok);
+    return ok;
+}
+
+/// Bit `n` of a stored enable mask; a NULL mask enables nothing.
+bool bit(const QVariant& mask, int n)
+{
+    return isNumber(mask) && ((mask.toLongLong() >> n) & 1) != 0;
+}
+
+QString yes(bool on)
+{
+    return on ? userText("408007", "Yes") : QString();
+}
+
+/// The sense of a set point as the meter stores it, shown in the user's language.
+QString senseWord(const QVariant& stored)
+{
+    const QString sense = stored.toString().trimmed();
+    if (sense.compare(QLatin1String("Above"), Qt::CaseInsensitive) == 0)
+        return userText("408008", "Above");
+    if (sense.compare(QLatin1String("Below"), Qt::CaseInsensitive) == 0)
+        return userText("408009", "Below");
+    return sense;
+}
+
+/// Values in units (set values, full scales) with two decimals in the user's locale.
+QString number(double value)
+{
+    return QLocale().toString(value, 'f', 2);
+}
+
+/// The channels a setting captures by its `RecordFormat`: 0 the voltages, 1 the currents, any
+/// other format (-1 among them) both.
+QString captureItems(const QVariant& recordFormat)
+{
+    const QString volts = userText("408024", "V a, b, c");
+    const QString amps = userText("408025", "I a, b, c");
+    if (isNumber(recordFormat) && recordFormat.toLongLong() == 0)
+        return volts;
+    if (isNumber(recordFormat) && recordFormat.toLongLong() == 1)
+        return amps;
+    return volts + QStringLiteral(", ") + amps;
 }
 
 } // namespace
@@ -98,43 +167,118 @@ GridTable SetupRecordViews::inputSetting(SqliteDatabase& scratch, const QueryNum
 GridTable SetupRecordViews::pqWaveSetting(SqliteDatabase& scratch, const QueryNumbers& numbers,
                                           qint64 deviceIndex, qint64 index)
 {
-    const QString table = numbers.sliceTable(QStringLiteral("PQWaveLogDataItem_"));
-    SqlStatement select = scratch.prepare(
-        QStringLiteral("SELECT * FROM %1 WHERE [DeviceIndex] = ? AND [Index] = ? LIMIT 1")
-            .arg(SqlIdentifier::quote(table)));
-    select.bindAll({deviceIndex, index});
-    QVariantMap row;
-    if (select.next()) {
-        for (int c = 0; c < select.columnCount(); ++c)
-            row.insert(select.columnName(c), select.value(c));
-    }
+    const QVariantMap set = indexedRow(
+        scratch, numbers.sliceTable(QStringLiteral("PQWaveLogDataItem_")), deviceIndex, index);
+    const QVariantMap scales =
+        indexedRow(scratch, numbers.sliceTable(QStringLiteral("FullScales_")), deviceIndex, index);
+    const QVariantMap labels = indexedRow(
+        scratch, numbers.sliceTable(QStringLiteral("HSInputLabels_")), deviceIndex, index);
+    const auto cell = [](const QVariantMap& row, const QString& column) {
+        return GridCellText::value(row.value(column));
+    };
+
     GridTable grid;
     grid.caption = userText("406040", "Show PQ/Waveform Settings");
+    // A label column and five value columns: the general rows use the first of them, the
+    // channel block all five under its own heads.
     grid.columns = QStringList{userText("406071", "Item"), userText("406072", "Setting")};
-    const QVariant hookUp = row.value(QStringLiteral("HookUp"));
-    grid.rows << QStringList{userText("406073", "Device"), QString::number(deviceIndex + 1)};
-    grid.rowPictures << QString();
-    grid.rows << QStringList{userText("406074", "HookUp"),
-                             row.isEmpty() ? QString() : hookUpWord(hookUp)};
-    grid.rowPictures << (row.isEmpty() ? QString() : hookUpPicture(hookUp));
-    const QList<QPair<QString, QString>> named{
-        {userText("406075", "Sampling Rate"), QStringLiteral("SampleRate")},
-        {userText("406076", "Capture Num"), QStringLiteral("CaptureNum")},
-    };
-    QStringList shown{QStringLiteral("HookUp"), QStringLiteral("Index")};
-    for (const auto& [head, column] : named) {
-        grid.rows << QStringList{head, GridCellText::value(row.value(column))};
-        grid.rowPictures << QString();
-        shown << column;
-    }
-    for (const QString& column : scratch.columns(table)) {
-        if (!shown.contains(column) && !isDeviceIndex(column)) {
-            grid.rows << QStringList{column, GridCellText::value(row.value(column))};
-            grid.rowPictures << QString();
-        }
-    }
-    for (int r = 0; r < grid.rows.size(); ++r)
+    while (grid.columns.size() < 6)
+        grid.columns << QString();
+    const auto add = [&grid](QStringList cells, const QString& picture = QString()) {
+        while (cells.size() < grid.columns.size())
+            cells << QString();
+        grid.rows << cells;
         grid.rowKeys << QVariantMap{};
+        grid.rowPictures << picture;
+    };
+
+    const bool found = !set.isEmpty();
+    const QVariant hookUp = set.value(QStringLiteral("HookUp"));
+    add({userText("406073", "Device"),
+         EventCellText(scratch, numbers, QStringLiteral("0.00")).deviceName(deviceIndex)});
+    add({userText("406074", "HookUp"), found ? hookUpWord(hookUp) : QString()},
+        found ? hookUpPicture(hookUp) : QString());
+    add({userText("406075", "Sampling Rate"), cell(set, QStringLiteral("SampleRate"))});
+    add({userText("406076", "Capture Num"), cell(set, QStringLiteral("CaptureNum"))});
+    add({userText("408000", "Capture Item(s)"),
+         found ? captureItems(set.value(QStringLiteral("RecordFormat"))) : QString()});
+
+    // Channel block. Each channel names its column prefix C{n} (n is also its bit in the
+    // enable masks) and the full scale that its percentages refer to.
+    struct Channel
+    {
+        const char* id;
+        const char* name;
+        int number;
+        int fullScale;
+    };
+    static constexpr Channel channels[] = {{"408010", "Van", 0, 1},  {"408011", "Vbn", 1, 1},
+                                           {"408012", "Vcn", 2, 1},  {"408013", "Vab", 9, 4},
+                                           {"408014", "Vbc", 10, 4}, {"408015", "Vca", 11, 4},
+                                           {"408016", "Ia", 4, 5},   {"408017", "Ib", 5, 5},
+                                           {"408018", "Ic", 6, 5},   {"408019", "In", 8, 5}};
+    add({userText("408001", "Channel"), userText("408002", "% of Full Scale"),
+         userText("408003", "Set Value"), userText("408004", "Enabled"),
+         userText("408005", "Waveform Setpoint 1"), userText("408006", "Waveform Setpoint 2")});
+    const QVariant pqEnables = set.value(QStringLiteral("PQEnables"));
+    const QVariant waveEnables = set.value(QStringLiteral("WaveEnables"));
+    for (const Channel& channel : channels) {
+        const QVariant scale = scales.value(QStringLiteral("FullScale%1").arg(channel.fullScale));
+        QStringList percents, values;
+        bool point[2] = {false, false};
+        for (int n = 1; n <= 2; ++n) {
+            const QString stem = QStringLiteral("C%1_L%2").arg(channel.number).arg(n);
+            const QVariant percent = set.value(stem);
+            if (!isNumber(percent))
+                continue;
+            point[n - 1] = true;
+            const QString sense = senseWord(set.value(stem + QStringLiteral("SAB")));
+            percents << sense + QLatin1Char(' ') + QString::number(percent.toDouble());
+            if (isNumber(scale))
+                values << sense + QLatin1Char(' ') +
+                              number(percent.toDouble() * scale.toDouble() / 100.0);
+        }
+        // A capture triggers at a set point when the channel takes part in captures at all.
+        const bool waves = bit(waveEnables, channel.number);
+        add({userText(channel.id, channel.name), percents.join(QStringLiteral(", ")),
+             values.join(QStringLiteral(", ")), yes(bit(pqEnables, channel.number)),
+             yes(waves && point[0]), yes(waves && point[1])});
+    }
+
+    // Inputs block: the high-speed inputs by their labels. The PQ enable sits in the column of
+    // the channels' PQ enable.
+    add({userText("408020", "Inputs"), userText("408021", "Enables"),
+         userText("408022", "States")});
+    const QVariant waveInputs = set.value(QStringLiteral("WaveEnables_Input"));
+    const QVariant pqInputs = set.value(QStringLiteral("PQEnables_Input"));
+    for (int input = 1; input <= 8; ++input) {
+        const QString stem = QStringLiteral("Input_%1_").arg(input);
+        QString name = cell(labels, stem + QStringLiteral("Label")).trimmed();
+        if (name.isEmpty())
+            name = userText("408023", "Input ") + QString::number(input);
+        const QString off = cell(labels, stem + QStringLiteral("0"));
+        const QString on = cell(labels, stem + QStringLiteral("1"));
+        const QString states =
+            off.isEmpty() && on.isEmpty() ? QString() : off + QStringLiteral(" / ") + on;
+        add({name, yes(bit(waveInputs, input - 1)), states, yes(bit(pqInputs, input - 1))});
+    }
+
+    add({userText("408030", "Full Scales")});
+    static constexpr const char* scaleNames[8][2] = {
+        {"408031", "V l-n"}, {"408032", "V aux"}, {"408033", "PT aux"},  {"408034", "V p-p"},
+        {"408035", "CT n"},  {"408036", "W p"},   {"408037", "W total"}, {"408038", "Freq."}};
+    for (int i = 0; i < 8; ++i) {
+        const QVariant scale = scales.value(QStringLiteral("FullScale%1").arg(i + 1));
+        add({userText(scaleNames[i][0], scaleNames[i][1]),
+             isNumber(scale) ? number(scale.toDouble()) : QString()});
+    }
+    add({userText("408040", "Transformer"), userText("408041", "Ratios")});
+    static constexpr const char* ratioNames[4][2] = {
+        {"408042", "PT"}, {"408033", "PT aux"}, {"408043", "CT"}, {"408035", "CT n"}};
+    for (int i = 0; i < 4; ++i) {
+        add({userText(ratioNames[i][0], ratioNames[i][1]),
+             cell(scales, QStringLiteral("PTCT_Ratio%1").arg(i + 1))});
+    }
     return grid;
 }
 

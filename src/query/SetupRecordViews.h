@@ -35,10 +35,13 @@ public:
                                   qint64 deviceIndex, qint64 index, qint64 moduleIndex,
                                   qint64 relayIndex, int deviceTypeId);
 
-    /// The PQ and waveform setting of a capture or PQ row as "Item" and "Setting" rows:
-    /// "Device", "HookUp" (its word, and its picture as the row's picture), "Sampling Rate",
-    /// "Capture Num", then the further columns of `PQWaveLogDataItem_{Q}_{S}`. A row whose
-    /// `Index` has no setting gives the heads with empty values. Throws StorageError.
+    /// The PQ and waveform setting of a capture or PQ row as a label column and five value
+    /// columns: the general rows "Device", "HookUp" (its word, and its picture as the row's
+    /// picture), "Sampling Rate", "Capture Num", "Capture Item(s)"; the channel block (set
+    /// points with their senses in percent of the channel's full scale and in units, the PQ
+    /// enable, whether a capture triggers at each set point); the high-speed inputs with their
+    /// enables and state names; the full scales and the transformer ratios. A row whose `Index`
+    /// has no setting gives the heads with empty values. Throws StorageError.
     static GridTable pqWaveSetting(SqliteDatabase& scratch, const QueryNumbers& numbers,
                                    qint64 deviceIndex, qint64 index);
 
