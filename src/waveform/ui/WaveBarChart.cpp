@@ -27,6 +27,8 @@ void WaveBarChart::show(const GraphSeries& series, const QColor& color)
     for (QAbstractAxis* axis : chart()->axes())
         chart()->removeAxis(axis);
     chart()->setTitle(series.title);
+    // A bar set without a name would leave a lone colour square as its legend.
+    chart()->legend()->setVisible(!series.subsetTitle.isEmpty());
     m_values = series.y;
 
     auto* set = new QBarSet(series.subsetTitle);
@@ -68,7 +70,9 @@ void WaveBarChart::show(const GraphSeries& series, const QColor& color)
     x->setLabelsVisible(labelsShown);
     x->setTitleVisible(labelsShown);
     m_xTitle = labelsShown ? QString() : series.xTitle;
-    chart()->setMargins(QMargins(4, 4, 4, labelsShown ? 4 : 4 + fontMetrics().height()));
+    m_xTitleFont = x->titleFont();
+    const int titleHeight = QFontMetrics(m_xTitleFont).height();
+    chart()->setMargins(QMargins(4, 4, 4, labelsShown ? 4 : 4 + titleHeight));
     auto* y = new QValueAxis;
     y->setTitleText(series.yTitle);
     y->setLabelFormat(QStringLiteral("%.1f"));
@@ -122,12 +126,13 @@ void WaveBarChart::drawForeground(QPainter* painter, const QRectF& rect)
     if (m_xTitle.isEmpty())
         return;
     // Centred under the plot, in the bottom margin kept free for it.
+    const int height = QFontMetrics(m_xTitleFont).height();
     const QRectF plot = chart()->mapToScene(chart()->plotArea()).boundingRect();
     const QRectF line(plot.left(),
-                      chart()->mapToScene(chart()->rect()).boundingRect().bottom() -
-                          fontMetrics().height() - 4,
-                      plot.width(), fontMetrics().height());
+                      chart()->mapToScene(chart()->rect()).boundingRect().bottom() - height - 4,
+                      plot.width(), height);
     painter->save();
+    painter->setFont(m_xTitleFont);
     painter->setPen(chart()->titleBrush().color());
     painter->drawText(line, Qt::AlignCenter, m_xTitle);
     painter->restore();

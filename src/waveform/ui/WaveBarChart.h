@@ -5,6 +5,7 @@
 #include "waveform/GraphSeries.h"
 
 #include <QChartView>
+#include <QFont>
 #include <functional>
 
 class QValueAxis;
@@ -43,6 +44,7 @@ private:
     HoverText m_hoverText;
     /// The x title drawn under the plot while the axis labels are hidden; empty otherwise.
     QString m_xTitle;
+    QFont m_xTitleFont;
 };
 
 } // namespace lorvane
