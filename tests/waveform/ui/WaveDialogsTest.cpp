@@ -13,6 +13,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
+#include <QPushButton>
 #include <QTableWidget>
 #include <gtest/gtest.h>
 
@@ -132,4 +133,12 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     EXPECT_DOUBLE_EQ(chart->xMin(), 0);
     EXPECT_GT(chart->xMax(), 20.0);
     lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-composition"));
+
+    // The advanced view carries Command2; &Back returns to the capture.
+    EXPECT_EQ(window.state(), TalWaveGraphPE::State::Advanced);
+    for (int i = 0; i < TalWaveGraphPE::ViewCommandCount; ++i)
+        EXPECT_EQ(window.viewCommand(i)->isVisible(), i <= TalWaveGraphPE::ViewZoomOut) << i;
+    window.viewCommand(TalWaveGraphPE::ViewBack)->click();
+    EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
+    EXPECT_TRUE(window.command(TalWaveGraphPE::Advanced)->isVisible());
 }
