@@ -218,6 +218,33 @@ TEST(TalHistView, WaveformGraphAndClipboardCopy)
     EXPECT_EQ(QApplication::clipboard()->text(), expected);
 }
 
+TEST(TalHistView, DoubleClickedWaveformRowShowsItsSettingWithTheWiringPicture)
+{
+    Window w;
+    w.view->show();
+    w.view->showRequest(w.press(4), w.buffer);
+    ASSERT_GT(w.rows(0), 0);
+    // The offscreen platform delivers no double-click to the viewport: the grid's signal
+    // stands for it.
+    QTableView* waves = w.view->grid(0);
+    emit waves->doubleClicked(waves->model()->index(0, 1));
+
+    // The setting goes to the settings grid, shown in front, with the hook-up's drawing.
+    const QAbstractItemModel* setting = w.view->grid(3)->model();
+    ASSERT_GT(setting->rowCount(), 30);
+    EXPECT_TRUE(w.view->grid(3)->isVisible());
+    int hookUp = -1;
+    for (int r = 0; r < setting->rowCount() && hookUp < 0; ++r) {
+        if (setting->data(setting->index(r, 0)).toString() == QStringLiteral("HookUp"))
+            hookUp = r;
+    }
+    ASSERT_GE(hookUp, 0);
+    EXPECT_FALSE(
+        setting->data(setting->index(hookUp, 0), Qt::DecorationRole).value<QIcon>().isNull());
+    w.view->grid(3)->resizeColumnsToContents();
+    EXPECT_TRUE(saveScreenshot(w.view.get(), QStringLiteral("log-grid-pq-setting")));
+}
+
 TEST(TalHistView, CheckMarksBindTheSelectedRowAndRowsTellTheirNumber)
 {
     RecordedMessages messages;
