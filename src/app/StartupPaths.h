@@ -53,6 +53,13 @@ struct StartupPaths
     /// The process's current folder is never changed.
     void deriveFolders();
 
+    /// Folder of the program's pictures: `imageFolder` once the folders are derived, else the
+    /// "sysimage" folder of the program data.
+    QString pictureFolder() const
+    {
+        return imageFolder.isEmpty() ? progDataPath + QStringLiteral("/sysimage") : imageFolder;
+    }
+
     /// The scratch folder under the user's data folder, used when the installation's own
     /// cannot be written.
     static QString userScratchFolder();

@@ -59,21 +59,25 @@ QString WaveformProperties::hookupText(qint32 hookUp, qint32 deviceTypeId)
     }
 }
 
+QString WaveformProperties::hookupLabel()
+{
+    return userText("503033", "Hookup");
+}
+
 QString WaveformProperties::hookupPicture(qint32 hookUp, qint32 deviceTypeId)
 {
     const bool talmo = deviceTypeId == 0;
     switch (wiring(hookUp)) {
     case 0:
-        return QStringLiteral("SysImage/WWye.Bmp");
+        return QStringLiteral("WWye");
     case 1:
-        return QStringLiteral("SysImage/WDelta.Bmp");
+        return QStringLiteral("WDelta");
     case 2:
-        return talmo ? QStringLiteral("SysImage/W25Element.Bmp")
-                     : QStringLiteral("SysImage/WDelta2.Bmp");
+        return talmo ? QStringLiteral("W25Element") : QStringLiteral("WDelta2");
     case 3:
-        return QStringLiteral("SysImage/W25Element.Bmp");
+        return QStringLiteral("W25Element");
     case 4:
-        return QStringLiteral("SysImage/WDeltaB.Bmp");
+        return QStringLiteral("WDeltaB");
     default:
         return QString();
     }
@@ -142,7 +146,9 @@ QList<WaveformProperties::Row> WaveformProperties::rows(const WaveformRecord& re
         add("503031", "PQ Value", pq->value);
         add("503032", "PQ % of Full Scale", pq->percentOfFullScale);
     }
-    add("503033", "Hookup", hookupText(record.hookUp, record.deviceTypeId));
+    const QString hookup = hookupText(record.hookUp, record.deviceTypeId);
+    if (!hookup.isEmpty())
+        out.append({hookupLabel(), hookup});
     add("503035", "PT Ratio", record.ptCtRatio[0]);
     add("503036", "PT_aux Ratio", record.ptCtRatio[1]);
     add("503037", "CT Ratio", record.ptCtRatio[2]);

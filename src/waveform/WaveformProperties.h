@@ -25,7 +25,10 @@ public:
     /// The delta texts of hook-ups 1 and 2 differ for the family without the neutral current
     /// (device type 0), which wires its current transformers differently.
     static QString hookupText(qint32 hookUp, qint32 deviceTypeId);
-    /// Picture of the wiring under the installation's `SysImage` folder, empty when none.
+    /// Name of the row of the wiring ("Hookup").
+    static QString hookupLabel();
+    /// Name of the wiring's picture in the program's picture folder ("WWye" ...), empty when
+    /// the wiring has none.
     static QString hookupPicture(qint32 hookUp, qint32 deviceTypeId);
     /// "Capture Item(s)": the channels the row carries, by sample rate and record format.
     static QString captureItems(const WaveformRecord& record);

@@ -90,7 +90,7 @@ TEST(WaveformProperties, WiringDecidesTextsAndMeasuredQuantities)
     EXPECT_EQ(WaveformProperties::hookupText(1, 0), QStringLiteral("Delta, 2 CTs"));
     EXPECT_EQ(WaveformProperties::hookupText(6, 3), QStringLiteral("45S, Wye, 2 CTs"));
     EXPECT_EQ(WaveformProperties::hookupText(9, 3), QString());
-    EXPECT_EQ(WaveformProperties::hookupPicture(4, 3), QStringLiteral("SysImage/WDeltaB.Bmp"));
+    EXPECT_EQ(WaveformProperties::hookupPicture(4, 3), QStringLiteral("WDeltaB"));
     EXPECT_EQ(WaveformProperties::rmsText(delta, 8), QStringLiteral("Not measured"));
     EXPECT_FALSE(names(WaveformProperties::rows(delta, std::nullopt)).contains("Full Scale: In"));
     WaveformRecord twoCts = record();

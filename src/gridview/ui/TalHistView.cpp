@@ -78,9 +78,7 @@ void TalHistView::build()
     m_captions->setExpanding(false);
     m_stack = new QStackedWidget(this);
 
-    QString images = m_context.paths.imageFolder;
-    if (images.isEmpty())
-        images = m_context.paths.progDataPath + QStringLiteral("/sysimage");
+    const QString images = m_context.paths.pictureFolder();
     for (int i = 0; i < int(m_grids.size()); ++i) {
         auto* view = new QTableView(this);
         view->setObjectName(QStringLiteral("vsFlexGrid1_%1").arg(i));

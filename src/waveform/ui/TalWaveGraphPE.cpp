@@ -84,6 +84,7 @@ qreal pointPixels(int pointSize)
 TalWaveGraphPE::TalWaveGraphPE(RunContext& context, QWidget* parent)
     : TalWaveGraphPE(context.scratch->database(), context.paths.settingsFile, parent)
 {
+    m_pictureFolder = context.paths.pictureFolder();
 }
 
 TalWaveGraphPE::TalWaveGraphPE(SqliteDatabase& scratch, QString settingsFile, QWidget* parent)
@@ -1108,7 +1109,12 @@ void TalWaveGraphPE::showProperties()
 {
     if (!m_capture.isOpen())
         return;
-    WavePropertyFrm properties(WaveformProperties::rows(m_capture.record(), std::nullopt), this);
+    const WaveformRecord& record = m_capture.record();
+    const QString picture = WaveformProperties::hookupPicture(record.hookUp, record.deviceTypeId);
+    WavePropertyFrm properties(
+        WaveformProperties::rows(record, std::nullopt),
+        picture.isEmpty() ? QString() : m_pictureFolder + u'/' + picture + QStringLiteral(".svg"),
+        this);
     connect(&properties, &WavePropertyFrm::helpRequested, this, &TalWaveGraphPE::helpRequested);
     runDialog(properties);
 }

@@ -233,6 +233,8 @@ private:
 
     SqliteDatabase& m_scratch;
     QString m_settingsFile;
+    /// Where the wiring drawings are; empty without an installation (no drawing is shown).
+    QString m_pictureFolder;
     QueryNumbers m_numbers;
     QList<qint32> m_series;
     int m_position = -1;

@@ -5,15 +5,18 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QIcon>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
 namespace lorvane {
 
-WavePropertyFrm::WavePropertyFrm(const QList<WaveformProperties::Row>& rows, QWidget* parent)
+WavePropertyFrm::WavePropertyFrm(const QList<WaveformProperties::Row>& rows,
+                                 const QString& hookupPicture, QWidget* parent)
     : QDialog(parent), m_rows(rows), m_table(new QTableWidget(static_cast<int>(rows.size()), 2))
 {
     setWindowTitle(userText("503220", "Waveform Properties"));
@@ -23,8 +26,12 @@ WavePropertyFrm::WavePropertyFrm(const QList<WaveformProperties::Row>& rows, QWi
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     for (int r = 0; r < rows.size(); ++r) {
         m_table->setItem(r, 0, new QTableWidgetItem(rows.at(r).first));
-        m_table->setItem(r, 1, new QTableWidgetItem(rows.at(r).second));
+        auto* value = new QTableWidgetItem(rows.at(r).second);
+        if (rows.at(r).first == WaveformProperties::hookupLabel() && QFile::exists(hookupPicture))
+            value->setIcon(QIcon(hookupPicture));
+        m_table->setItem(r, 1, value);
     }
+    m_table->setIconSize(QSize(48, 48));
     m_table->resizeColumnsToContents();
     m_table->horizontalHeader()->setStretchLastSection(true);
 

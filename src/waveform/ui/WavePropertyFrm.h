@@ -15,7 +15,10 @@ class WavePropertyFrm : public QDialog
     Q_OBJECT
 
 public:
-    explicit WavePropertyFrm(const QList<WaveformProperties::Row>& rows, QWidget* parent = nullptr);
+    /// `hookupPicture` is the file of the wiring's drawing shown beside the "Hookup" row; empty
+    /// or missing shows the text alone.
+    explicit WavePropertyFrm(const QList<WaveformProperties::Row>& rows,
+                             const QString& hookupPicture = QString(), QWidget* parent = nullptr);
 
     QTableWidget* table() const { return m_table; }
     /// C&opy: the rows to the clipboard.

@@ -2,6 +2,7 @@
 // The dialogs of the waveform window: display settings, properties and the composition set-up.
 #include "WaveWindowFixture.h"
 #include "platform/UserMessages.h"
+#include "support/TestEnvironment.h"
 #include "support/ui/Screenshot.h"
 #include "waveform/WaveDisplaySettings.h"
 #include "waveform/ui/TalWaveGraphPE.h"
@@ -71,7 +72,13 @@ TEST(WavePropertyFrm, RowsOfTheOpenCaptureAndCopy)
     WaveWindowFixture fixture;
     TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
-    WavePropertyFrm properties(WaveformProperties::rows(window.capture().record(), std::nullopt));
+    const lorvane::WaveformRecord& record = window.capture().record();
+    // The 128-per-cycle capture is wired as a wye: its drawing stands beside the Hookup row.
+    const QString picture = lorvane::test::dataFolder() + QStringLiteral("/sysimage/") +
+                            WaveformProperties::hookupPicture(record.hookUp, record.deviceTypeId) +
+                            QStringLiteral(".svg");
+    ASSERT_TRUE(QFile::exists(picture)) << picture.toStdString();
+    WavePropertyFrm properties(WaveformProperties::rows(record, std::nullopt), picture);
     EXPECT_EQ(properties.windowTitle(), QStringLiteral("Waveform Properties"));
     QTableWidget* table = properties.table();
     EXPECT_EQ(table->horizontalHeaderItem(0)->text(), QStringLiteral("Property Name"));
@@ -82,6 +89,10 @@ TEST(WavePropertyFrm, RowsOfTheOpenCaptureAndCopy)
         names << table->item(r, 0)->text();
     EXPECT_TRUE(names.contains(QStringLiteral("Sampling Rate")));
     EXPECT_FALSE(names.contains(QStringLiteral("PQ Start")));
+    const int hookup = int(names.indexOf(QStringLiteral("Hookup")));
+    ASSERT_GE(hookup, 0);
+    EXPECT_EQ(table->item(hookup, 1)->text(), QStringLiteral("Wye"));
+    EXPECT_FALSE(table->item(hookup, 1)->icon().isNull());
     properties.copy();
     EXPECT_TRUE(
         QApplication::clipboard()->text().startsWith(QStringLiteral("Device\tMain Switchboard\n")));
