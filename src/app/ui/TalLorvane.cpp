@@ -157,6 +157,8 @@ void TalLorvane::createChildren()
     connect(m_selection, &AllLogsFrm::helpRequested, this, &TalLorvane::showHelp);
     connect(m_grid, &TalHistView::backRequested, this, &TalLorvane::backToSelection);
     connect(m_grid, &TalHistView::helpRequested, this, &TalLorvane::showHelp);
+    connect(m_grid, &TalHistView::statusTextChanged, this,
+            [this](const QString& text) { m_statusPanes[0]->setText(text); });
     connect(m_grid, &TalHistView::waveformRequested, this, &TalLorvane::openWaveform);
 }
 
@@ -450,6 +452,19 @@ bool TalLorvane::eventFilter(QObject* watched, QEvent* event)
 
 void TalLorvane::closeEvent(QCloseEvent* event)
 {
+    // Leaving from the grid may be a slip of &Back: the grid window asks first. While the grid
+    // is shown it covers the selection window, so the front child is the top visible one of
+    // the others (a graph window opened over the grid is in front of it).
+    QMdiSubWindow* front = nullptr;
+    for (QMdiSubWindow* child : m_mdiArea->subWindowList(QMdiArea::StackingOrder)) {
+        if (child != m_selectionWindow && child->isVisible())
+            front = child;
+    }
+    const bool fromGrid = front != nullptr && front == m_gridWindow;
+    if (fromGrid && !m_grid->confirmExit()) {
+        event->ignore();
+        return;
+    }
     m_context.shutDown();
     event->accept();
 }

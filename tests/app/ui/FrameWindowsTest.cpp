@@ -221,6 +221,58 @@ TEST(FrameWindows, CommandLineOpensTheMeterWithItsRangeChannelsAndView)
     EXPECT_EQ(frame->gridWindow()->logKind(), 3);
 }
 
+TEST(FrameWindows, ClosingFromTheGridAsksAndARowNumberGoesToTheStatusBar)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    TalLorvane* frame = run.start("LOGID:2 FRT:030424000000 LRT:030524120000 CHA:21017,20617 \"" +
+                                  run.meterPath() + "\"");
+    ASSERT_NE(frame, nullptr);
+    lorvane::TalHistView* grid = frame->gridWindow();
+    ASSERT_TRUE(frame->gridSubWindow()->isVisible());
+    ASSERT_EQ(grid->logKind(), 3) << run.messages().texts().join('\n').toStdString();
+
+    // A chosen snapshot row tells its number in the frame's status bar.
+    QTableView* rows = grid->grid(0);
+    const int count = int(grid->session().result().grids.first().rows.size());
+    ASSERT_GT(count, 0);
+    rows->setCurrentIndex(rows->model()->index(rows->model()->rowCount() - 1, 0));
+    EXPECT_EQ(frame->statusText(0), QString("Record %1, %1").arg(count));
+
+    // No keeps the program and its scratch database.
+    const QStringList question{"Are you sure you want to exit the software?"};
+    run.messages().clear();
+    run.messages().setAnswer(false);
+    EXPECT_FALSE(frame->close());
+    EXPECT_TRUE(frame->isVisible());
+    EXPECT_NE(run.context().scratch, nullptr);
+    EXPECT_EQ(run.messages().texts(), question);
+
+    // With the selection window in front nothing is asked.
+    grid->command(lorvane::TalHistView::BackCommand)->click();
+    ASSERT_FALSE(frame->gridSubWindow()->isVisible());
+    run.messages().clear();
+    EXPECT_TRUE(frame->close());
+    EXPECT_TRUE(run.messages().texts().isEmpty());
+    EXPECT_EQ(run.context().scratch, nullptr);
+}
+
+TEST(FrameWindows, YesToTheGridsQuestionEndsTheProgram)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    TalLorvane* frame = run.start("LOGID:2 FRT:030424000000 LRT:030524120000 CHA:21017,20617 \"" +
+                                  run.meterPath() + "\"");
+    ASSERT_NE(frame, nullptr);
+    ASSERT_TRUE(frame->gridSubWindow()->isVisible());
+    run.messages().clear();
+    run.messages().setAnswer(true);
+    EXPECT_TRUE(frame->close());
+    EXPECT_EQ(run.messages().texts(), QStringList({"Are you sure you want to exit the software?"}));
+    EXPECT_FALSE(frame->isVisible());
+    EXPECT_EQ(run.context().scratch, nullptr);
+}
+
 TEST(FrameWindows, AWaveformRowOpensItsCaptureInAWindowOfItsOwn)
 {
     FrameRun run;
