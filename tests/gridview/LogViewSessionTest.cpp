@@ -160,7 +160,8 @@ TEST(LogViewSession, SortsRefillFromTheTablesAndKeepThePage)
     sort.item = SortOptions::itemIndex(LogKind::Limits, QStringLiteral("Value"));
     ASSERT_GT(sort.item, 0);
     session.setSort(sort);
-    const GridTable& byValue = session.result().grids.first();
+    // A copy: the next sort replaces the session's result.
+    const GridTable byValue = session.result().grids.first();
     ASSERT_EQ(byValue.rows.size(), byTime.rows.size());
     const int value = int(byValue.columns.indexOf(QStringLiteral("Value")));
     const int start = int(byValue.columns.indexOf(QStringLiteral("Start Date/Time")));
