@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WaveformView.h"
 
-#include "DayRowsCopy.h"
 #include "FullScalesLoader.h"
-#include "LogFileList.h"
 #include "QueryContext.h"
+#include "StatusView.h"
 #include "WaveformGrid.h"
 #include "WaveformLoader.h"
 #include "WaveformSettings.h"
@@ -14,20 +13,15 @@ namespace lorvane {
 
 ViewResult WaveformView::run(QueryContext& context)
 {
-    constexpr int kind = static_cast<int>(LogKind::Waveform);
-    QList<LogFileEntry> files = LogFileList::expand(context.files, kind);
-    SqliteDatabase& db = context.scratch->database();
-    ViewResult result;
-    result.logKind = kind;
-    result.numbers =
-        QueryCatalog(*context.scratch).createQuery(context.start, context.end, kind, files);
-    const DayWalk::Result walk = WaveformLoader::load(context, files, result.numbers);
-    result.grids = grids(context, result.numbers);
-    const QStringList logs{result.numbers.sliceTable(QStringLiteral("WaveformLog_"))};
-    WaveformSettings::load(db, files, result.numbers, logs);
-    FullScalesLoader::load(db, files, result.numbers, logs);
-    DayRowsCopy::describe(walk, context, result);
-    return result;
+    const auto load = [](QueryContext& c, QList<LogFileEntry>& files, const QueryNumbers& numbers) {
+        const DayWalk::Result walk = WaveformLoader::load(c, files, numbers);
+        const QStringList logs{numbers.sliceTable(QStringLiteral("WaveformLog_"))};
+        SqliteDatabase& db = c.scratch->database();
+        WaveformSettings::load(db, files, numbers, logs);
+        FullScalesLoader::load(db, files, numbers, logs);
+        return walk;
+    };
+    return StatusView::run(context, LogKind::Waveform, load, &WaveformView::grids);
 }
 
 QList<GridTable> WaveformView::grids(QueryContext& context, const QueryNumbers& numbers)
