@@ -3,7 +3,7 @@ BUILD ?= build
 JOBS ?= 2
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: deps configure build run test bench format clean
+.PHONY: deps configure build run test bench fresh-check format clean
 
 deps:
 	@tools/install-deps
@@ -23,6 +23,10 @@ test: build
 bench: build
 	@cmake --build $(BUILD) -j$(JOBS) --target benchmarks
 	@tools/run-benchmarks $(BUILD)
+
+# Installs, builds and runs the committed tree in a minimal Debian root: proves the set-up is complete.
+fresh-check:
+	@tools/fresh-check
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i

@@ -144,7 +144,7 @@ TEST(PrinterCheck, Messages)
 {
     EXPECT_EQ(lorvane::PrinterCheck::message(0, "", ""),
               "Please add a default printer to your system.\n"
-              "(Start -> Settings -> Printers -> Add Printer)");
+              "(Printing service settings -> Printers -> Add Printer)");
     EXPECT_TRUE(lorvane::PrinterCheck::message(1, "Office", "Ready").isEmpty());
     EXPECT_EQ(lorvane::PrinterCheck::message(2, "Office", "Error"),
               "Problem with your default printer, it may not be ready\nOffice");
