@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Thinning a long series for a chart: extremes survive, the visible range is found exactly.
-#include "waveform/SeriesDecimation.h"
+#include "graph/SeriesDecimation.h"
 
 #include <algorithm>
 #include <cmath>
