@@ -27,7 +27,7 @@ TEST(SeriesDecimation, VisibleRangeKeepsOneSampleBeyondEachEnd)
     EXPECT_EQ(SeriesDecimation::visibleRange(x, 10.2, 19.9), std::make_pair(20, 40));
     EXPECT_EQ(SeriesDecimation::visibleRange(x, -5.0, 100.0), std::make_pair(0, 99));
     EXPECT_EQ(SeriesDecimation::visibleRange(x, 60.0, 70.0), std::make_pair(0, -1));
-    EXPECT_EQ(SeriesDecimation::visibleRange({}, 0.0, 1.0), std::make_pair(0, -1));
+    EXPECT_EQ(SeriesDecimation::visibleRange(QVector<float>{}, 0.0, 1.0), std::make_pair(0, -1));
 }
 
 TEST(SeriesDecimation, KeepsFirstMinMaxLastPerColumn)
