@@ -15,9 +15,12 @@ AxisRange fitAxis(AxisRange range, const AxisRange& bound, double minSpan)
         return bound;
     if (range.max < range.min)
         std::swap(range.min, range.max);
-    const double span = std::min(std::max(range.span(), minSpan), bound.span());
-    const double centre = range.centre();
-    range = {centre - span / 2, centre + span / 2};
+    const double span = std::max(range.span(), minSpan);
+    if (span >= bound.span())
+        return bound;
+    // Only a view that had to widen is recomputed: a view within the limits stays exact.
+    if (span != range.span())
+        range = {range.centre() - span / 2, range.centre() + span / 2};
     if (range.min < bound.min)
         range = {bound.min, bound.min + span};
     if (range.max > bound.max)

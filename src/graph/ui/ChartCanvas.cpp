@@ -33,7 +33,7 @@ constexpr double wheelFactor = 0.8;
 ChartCanvas::ChartCanvas(QWidget* parent) : QChartView(parent)
 {
     auto* chart = new QChart;
-    chart->setMargins(QMargins(4, 4, 4, 4));
+    chart->setMargins(margins);
     chart->legend()->setAlignment(Qt::AlignRight);
     chart->legend()->setVisible(false);
     m_x = new QCategoryAxis;
@@ -43,6 +43,12 @@ ChartCanvas::ChartCanvas(QWidget* parent) : QChartView(parent)
     chart->addAxis(m_x, Qt::AlignBottom);
     chart->addAxis(m_y, Qt::AlignLeft);
     setChart(chart);
+    // The plot width decides how many points are drawn: a new width (resize, other labels,
+    // alignment with other strips) refills the series.
+    connect(chart, &QChart::plotAreaChanged, this, [this](const QRectF& plot) {
+        if (static_cast<int>(plot.width()) != m_filledColumns)
+            showView();
+    });
     setFrameShape(QFrame::NoFrame);
     setRenderHint(QPainter::Antialiasing);
     setMouseTracking(true);
@@ -236,7 +242,8 @@ void ChartCanvas::showView()
     m_y->setRange(view.y.min, view.y.max);
     fillTicks(m_x, view.x, m_wallClock, std::max(2, int(plot.width() / xTickPixels)));
     fillTicks(m_y, view.y, false, std::max(2, int(plot.height() / yTickPixels)));
-    const int columns = std::max(1, static_cast<int>(plot.width()));
+    m_filledColumns = static_cast<int>(plot.width());
+    const int columns = std::max(1, m_filledColumns);
     for (const Bound& bound : std::as_const(m_series))
         bound.look->replace(bound.data->points(view.x.min, view.x.max, columns));
     m_hover.reset();
@@ -278,16 +285,19 @@ void ChartCanvas::drawForeground(QPainter* painter, const QRectF& rect)
     const QRectF plot = chart()->plotArea();
     painter->save();
     const QFontMetrics metrics(painter->font());
-    auto box = [&](const QPointF& corner, const QStringList& lines) {
+    // A text box beside `anchor`, below and to the right, or flipped to the other side of
+    // the anchor where the plot ends, so that it never covers what it describes.
+    auto box = [&](const QPointF& anchor, const QStringList& lines) {
+        constexpr double gap = 8;
         int width = 0;
         for (const QString& line : lines)
             width = std::max(width, metrics.horizontalAdvance(line));
-        QRectF frame(corner, QSizeF(width + 8, lines.size() * metrics.height() + 6));
-        // Keep the box inside the plot: flip it to the left or above the corner if needed.
+        QRectF frame(anchor + QPointF(gap, gap),
+                     QSizeF(width + 8, lines.size() * metrics.height() + 6));
         if (frame.right() > plot.right())
-            frame.moveRight(corner.x() - 4);
+            frame.moveRight(anchor.x() - gap);
         if (frame.bottom() > plot.bottom())
-            frame.moveBottom(corner.y() - 4);
+            frame.moveBottom(anchor.y() - gap);
         painter->setPen(QColor(60, 60, 60));
         painter->setBrush(QColor(255, 255, 225, 235));
         painter->drawRect(frame);
@@ -303,7 +313,7 @@ void ChartCanvas::drawForeground(QPainter* painter, const QRectF& rect)
         painter->drawLine(QPointF(x, plot.top()), QPointF(x, plot.bottom()));
         const QStringList readout = cursorReadout();
         if (!readout.isEmpty())
-            box(QPointF(x + 4, plot.top() + 4), readout);
+            box(QPointF(x, plot.top()), readout);
     }
     if (m_hover) {
         const QPointF at(
@@ -312,7 +322,7 @@ void ChartCanvas::drawForeground(QPainter* painter, const QRectF& rect)
         painter->setPen(QPen(QColor(0, 0, 160), 1.5));
         painter->setBrush(Qt::NoBrush);
         painter->drawEllipse(at, 4, 4);
-        box(at + QPointF(8, 8), {m_hoverText});
+        box(at, {m_hoverText});
     }
     painter->restore();
 }

@@ -37,6 +37,9 @@ public:
         Both,
     };
 
+    /// The chart's margins around axes and plot.
+    static constexpr QMargins margins{4, 4, 4, 4};
+
     explicit ChartCanvas(QWidget* parent = nullptr);
     ~ChartCanvas() override;
 
@@ -127,6 +130,7 @@ private:
     std::optional<QPoint> m_panFrom;
     std::optional<PointHit> m_hover;
     QString m_hoverText;
+    int m_filledColumns = 0;
 };
 
 } // namespace lorvane

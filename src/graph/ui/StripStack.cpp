@@ -3,9 +3,12 @@
 
 #include "ChartCanvas.h"
 
+#include <QChart>
 #include <QSplitter>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 
 namespace lorvane {
 
@@ -26,7 +29,44 @@ ChartCanvas* StripStack::addStrip()
         m_strips.last()->setXLabelsVisible(false);
     m_strips.append(strip);
     follow(strip);
+    connect(strip->chart(), &QChart::plotAreaChanged, this, [this] {
+        if (!m_alignPending) {
+            m_alignPending = true;
+            QTimer::singleShot(0, this, &StripStack::alignPlots);
+        }
+    });
     return strip;
+}
+
+void StripStack::alignPlots()
+{
+    m_alignPending = false;
+    // Each strip's plot edges as its own axis labels would put them, without the padding
+    // added here before; every strip is then padded to the widest labels, so that one x
+    // value stands at one pixel column in all strips.
+    struct Edges
+    {
+        double left;
+        double right;
+    };
+    QList<Edges> natural;
+    Edges widest{0, 0};
+    for (ChartCanvas* strip : std::as_const(m_strips)) {
+        const QChart* chart = strip->chart();
+        const QMargins padding = chart->margins() - ChartCanvas::margins;
+        const QRectF plot = chart->plotArea();
+        const Edges own{plot.left() - padding.left(),
+                        chart->size().width() - plot.right() - padding.right()};
+        natural << own;
+        widest = {std::max(widest.left, own.left), std::max(widest.right, own.right)};
+    }
+    for (qsizetype i = 0; i < m_strips.size(); ++i) {
+        QMargins margins = ChartCanvas::margins;
+        margins.setLeft(margins.left() + int(std::lround(widest.left - natural[i].left)));
+        margins.setRight(margins.right() + int(std::lround(widest.right - natural[i].right)));
+        if (m_strips[i]->chart()->margins() != margins)
+            m_strips[i]->chart()->setMargins(margins);
+    }
 }
 
 void StripStack::follow(ChartCanvas* source)

@@ -12,7 +12,7 @@ class ChartCanvas;
 
 /// Charts stacked over one shared x axis: a zoom, pan, undo or reset in any strip is made in
 /// every strip (each keeps its own y), the cursor stands at the same x in all, and only the
-/// bottom strip labels the x axis.
+/// bottom strip labels the x axis. The plots are aligned: one x stands at one pixel column.
 class StripStack : public QWidget
 {
     Q_OBJECT
@@ -28,9 +28,11 @@ public:
 
 private:
     void follow(ChartCanvas* source);
+    void alignPlots();
 
     QSplitter* m_splitter = nullptr;
     QList<ChartCanvas*> m_strips;
+    bool m_alignPending = false;
 };
 
 } // namespace lorvane
