@@ -8,40 +8,46 @@
 
 namespace lorvane {
 
-template <typename T>
-std::pair<int, int> SeriesDecimation::visibleRange(const QVector<T>& x, double xMin, double xMax)
+namespace {
+
+/// visibleRange over the first `count` samples of `x`, which are not copied.
+template <typename T> std::pair<int, int> rangeOf(const T* x, int count, double xMin, double xMax)
 {
-    if (x.isEmpty() || xMax < xMin || xMax < x.first() || xMin > x.last())
+    if (count == 0 || xMax < xMin || xMax < x[0] || xMin > x[count - 1])
         return {0, -1};
-    const auto begin = std::lower_bound(x.cbegin(), x.cend(), xMin,
-                                        [](T value, double limit) { return value < limit; });
-    const auto end = std::upper_bound(x.cbegin(), x.cend(), xMax,
-                                      [](double limit, T value) { return limit < value; });
-    const int first = std::max(0, static_cast<int>(begin - x.cbegin()) - 1);
-    const int last = std::min(static_cast<int>(x.size()) - 1, static_cast<int>(end - x.cbegin()));
+    const T* begin =
+        std::lower_bound(x, x + count, xMin, [](T value, double limit) { return value < limit; });
+    const T* end =
+        std::upper_bound(x, x + count, xMax, [](double limit, T value) { return limit < value; });
+    const int first = std::max(0, static_cast<int>(begin - x) - 1);
+    const int last = std::min(count - 1, static_cast<int>(end - x));
     return {first, last};
 }
 
-template <typename T> int SeriesDecimation::better(const QVector<T>& y, int a, int b, bool lower)
+} // namespace
+
+template <typename T>
+std::pair<int, int> SeriesDecimation::visibleRange(const QVector<T>& x, double xMin, double xMax)
 {
-    const T va = y[a];
-    const T vb = y[b];
-    if (std::isnan(va) != std::isnan(vb))
-        return std::isnan(va) ? b : a;
-    const bool bWins = lower ? vb < va : vb > va;
-    if (bWins)
-        return b;
-    const bool aWins = lower ? va < vb : va > vb;
-    return aWins ? a : std::min(a, b);
+    return rangeOf(x.constData(), static_cast<int>(x.size()), xMin, xMax);
 }
 
 template <typename T>
 SeriesDecimation::Extremes SeriesDecimation::scan(const QVector<T>& y, int first, int last)
 {
     Extremes out{first, first};
+    T low = y[first];
+    T high = low;
     for (int i = first + 1; i <= last; ++i) {
-        out.lowest = better(y, out.lowest, i, true);
-        out.highest = better(y, out.highest, i, false);
+        const T value = y[i];
+        if (beats(value, i, low, out.lowest, true)) {
+            low = value;
+            out.lowest = i;
+        }
+        if (beats(value, i, high, out.highest, false)) {
+            high = value;
+            out.highest = i;
+        }
     }
     return out;
 }
@@ -60,7 +66,7 @@ QList<QPointF> SeriesDecimation::decimate(const QVector<T>& x, const QVector<T>&
 {
     QList<QPointF> points;
     const int count = static_cast<int>(std::min(x.size(), y.size()));
-    const auto [first, last] = visibleRange(x.first(count), xMin, xMax);
+    const auto [first, last] = rangeOf(x.constData(), count, xMin, xMax);
     if (last < first)
         return points;
     columns = std::max(columns, 1);
@@ -103,7 +109,6 @@ QList<QPointF> SeriesDecimation::decimate(const QVector<T>& x, const QVector<T>&
 #define LORVANE_SERIES_DECIMATION(T)                                                               \
     template std::pair<int, int> SeriesDecimation::visibleRange(const QVector<T>&, double,         \
                                                                 double);                           \
-    template int SeriesDecimation::better(const QVector<T>&, int, int, bool);                      \
     template SeriesDecimation::Extremes SeriesDecimation::scan(const QVector<T>&, int, int);       \
     template QList<QPointF> SeriesDecimation::decimate(const QVector<T>&, const QVector<T>&,       \
                                                        double, double, int);                       \

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QPointF>
 #include <QVector>
+#include <cmath>
 #include <functional>
 #include <utility>
 
@@ -47,9 +48,19 @@ public:
     /// The extremes of y[first..last] by scanning.
     template <typename T> static Extremes scan(const QVector<T>& y, int first, int last);
     /// The one rule that picks between two candidates for the lowest (`lower`) or highest
-    /// sample: a number beats NaN, a smaller (larger) value wins, and on a tie the earlier
-    /// index; so the scan and any order of merging blocks give the same index.
-    template <typename T> static int better(const QVector<T>& y, int a, int b, bool lower);
+    /// sample: whether `a` at index `ia` beats `b` at index `ib`. A number beats NaN, a
+    /// smaller (larger) value wins, and on a tie the earlier index; so the scan and any order
+    /// of merging blocks give the same index.
+    template <typename T> static bool beats(T a, int ia, T b, int ib, bool lower)
+    {
+        if (std::isnan(a) != std::isnan(b))
+            return std::isnan(b);
+        if (lower ? a < b : a > b)
+            return true;
+        if (lower ? b < a : b > a)
+            return false;
+        return ia < ib;
+    }
 };
 
 } // namespace lorvane

@@ -17,29 +17,42 @@ SeriesPyramid<T>::SeriesPyramid(QVector<T> x, QVector<T> y) : m_x(std::move(x)),
     build();
 }
 
+template <typename T> void SeriesPyramid<T>::Node::merge(const Node& other)
+{
+    if (SeriesDecimation::beats(other.low, other.at.lowest, low, at.lowest, true)) {
+        low = other.low;
+        at.lowest = other.at.lowest;
+    }
+    if (SeriesDecimation::beats(other.high, other.at.highest, high, at.highest, false)) {
+        high = other.high;
+        at.highest = other.at.highest;
+    }
+}
+
+template <typename T>
+typename SeriesPyramid<T>::Node SeriesPyramid<T>::nodeOf(int first, int last) const
+{
+    const Extremes at = SeriesDecimation::scan(m_y, first, last);
+    return {at, m_y[at.lowest], m_y[at.highest]};
+}
+
 template <typename T> void SeriesPyramid<T>::build()
 {
     const int count = size();
     if (count == 0)
         return;
-    std::vector<Extremes> leaves;
+    std::vector<Node> leaves;
     leaves.reserve(static_cast<std::size_t>((count + blockSize - 1) / blockSize));
     for (int first = 0; first < count; first += blockSize)
-        leaves.push_back(
-            SeriesDecimation::scan(m_y, first, std::min(first + blockSize, count) - 1));
+        leaves.push_back(nodeOf(first, std::min(first + blockSize, count) - 1));
     m_levels.push_back(std::move(leaves));
     while (m_levels.back().size() > 1) {
-        const std::vector<Extremes>& below = m_levels.back();
-        std::vector<Extremes> above((below.size() + 1) / 2);
+        const std::vector<Node>& below = m_levels.back();
+        std::vector<Node> above((below.size() + 1) / 2);
         for (std::size_t j = 0; j < above.size(); ++j) {
-            const Extremes& left = below[2 * j];
-            if (2 * j + 1 == below.size()) {
-                above[j] = left;
-                continue;
-            }
-            const Extremes& right = below[2 * j + 1];
-            above[j] = {SeriesDecimation::better(m_y, left.lowest, right.lowest, true),
-                        SeriesDecimation::better(m_y, left.highest, right.highest, false)};
+            above[j] = below[2 * j];
+            if (2 * j + 1 < below.size())
+                above[j].merge(below[2 * j + 1]);
         }
         m_levels.push_back(std::move(above));
     }
@@ -52,30 +65,25 @@ template <typename T> Extremes SeriesPyramid<T>::extremes(int first, int last) c
     if (endFull <= firstFull)
         return SeriesDecimation::scan(m_y, first, last);
 
-    Extremes out = first < firstFull * blockSize
-                       ? SeriesDecimation::scan(m_y, first, firstFull * blockSize - 1)
-                       : m_levels[0][static_cast<std::size_t>(firstFull)];
-    auto merge = [&](const Extremes& other) {
-        out.lowest = SeriesDecimation::better(m_y, out.lowest, other.lowest, true);
-        out.highest = SeriesDecimation::better(m_y, out.highest, other.highest, false);
-    };
+    Node out = first < firstFull * blockSize ? nodeOf(first, firstFull * blockSize - 1)
+                                             : m_levels[0][static_cast<std::size_t>(firstFull)];
     if (endFull * blockSize <= last)
-        merge(SeriesDecimation::scan(m_y, endFull * blockSize, last));
+        out.merge(nodeOf(endFull * blockSize, last));
     // Blocks [lo, hi) level by level, like a segment tree: an odd bound takes its own node,
-    // the rest moves up. `better` breaks ties by index, so the order of merging is free.
+    // the rest moves up. `beats` breaks ties by index, so the order of merging is free.
     std::size_t lo = static_cast<std::size_t>(firstFull);
     std::size_t hi = static_cast<std::size_t>(endFull);
-    for (const std::vector<Extremes>& level : m_levels) {
+    for (const std::vector<Node>& level : m_levels) {
         if (lo >= hi)
             break;
         if (lo & 1U)
-            merge(level[lo++]);
+            out.merge(level[lo++]);
         if (hi & 1U)
-            merge(level[--hi]);
+            out.merge(level[--hi]);
         lo /= 2;
         hi /= 2;
     }
-    return out;
+    return out.at;
 }
 
 template <typename T>

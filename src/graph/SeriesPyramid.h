@@ -20,7 +20,7 @@ template <typename T> class SeriesPyramid final : public PlotSeries
 {
 public:
     /// Samples in a leaf block: the leaves are scanned, the levels above are merged.
-    static constexpr int blockSize = 64;
+    static constexpr int blockSize = 16;
 
     SeriesPyramid() = default;
     /// Arrays of different lengths use the shorter.
@@ -44,8 +44,20 @@ private:
 
     QVector<T> m_x;
     QVector<T> m_y;
+    /// The extremes of a block or node with their values, so that merging never reads the
+    /// samples again (they are far apart in memory).
+    struct Node
+    {
+        SeriesDecimation::Extremes at;
+        T low;
+        T high;
+
+        void merge(const Node& other);
+    };
+    Node nodeOf(int first, int last) const;
+
     /// m_levels[0][b]: block b; m_levels[k + 1][j]: nodes 2j and 2j + 1 of level k.
-    std::vector<std::vector<SeriesDecimation::Extremes>> m_levels;
+    std::vector<std::vector<Node>> m_levels;
 };
 
 } // namespace lorvane
