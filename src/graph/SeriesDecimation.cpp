@@ -83,14 +83,31 @@ QList<QPointF> SeriesDecimation::decimate(const QVector<T>& x, const QVector<T>&
     auto columnOf = [&](int i) {
         return std::clamp(static_cast<int>((x[i] - xMin) / width), -1, columns);
     };
-    // The samples of one column are found by binary search on x: a zoom over millions of
-    // samples costs a few steps per column plus what `extremes` costs.
-    const auto indexes = std::views::iota(first, last + 1);
+    // The samples of one column are found by binary search on x, started where an even
+    // spread of the samples would end the column and widened by doubling steps: a zoom over
+    // millions of samples reads a few places next to each other per column, plus what
+    // `extremes` reads.
+    auto inColumn = [&](int j, int column) { return columnOf(j) <= column; };
     int i = first;
     while (i <= last) {
         const int column = columnOf(i);
-        const int end = *std::ranges::partition_point(indexes, [&](int j) {
-            return columnOf(j) <= column;
+        const int share = (last - i + 1) / std::max(1, columns - column);
+        const int guess = std::clamp(i + share - 1, i, last);
+        int lo = guess; // in the column
+        int hi = guess; // past the column, or last + 1
+        if (inColumn(guess, column)) {
+            for (int step = 1; hi <= last && inColumn(hi, column); step *= 2) {
+                lo = hi;
+                hi = std::min(lo + step, last + 1);
+            }
+        } else {
+            for (int step = 1; !inColumn(lo, column); step *= 2) {
+                hi = lo;
+                lo = std::max(i, hi - step);
+            }
+        }
+        const int end = *std::ranges::partition_point(std::views::iota(lo, hi), [&](int j) {
+            return inColumn(j, column);
         }) - 1;
         const Extremes found = extremes(i, end);
         const std::array<int, 4> picks{i, std::min(found.lowest, found.highest),

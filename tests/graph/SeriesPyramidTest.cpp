@@ -14,7 +14,8 @@ namespace {
 
 constexpr float nan = std::numeric_limits<float>::quiet_NaN();
 
-/// A random walk with repeated values (ties) and, when asked, runs of NaN (gaps).
+/// A random walk with repeated values (ties) and, when asked, runs of NaN (gaps), sampled at
+/// uneven times with now and then a long pause, so that columns hold very different counts.
 std::pair<QVector<float>, QVector<float>> randomSeries(int count, unsigned seed, bool gaps)
 {
     std::mt19937 random(seed);
@@ -23,8 +24,10 @@ std::pair<QVector<float>, QVector<float>> randomSeries(int count, unsigned seed,
     QVector<float> x(count);
     QVector<float> y(count);
     int level = 0;
+    double time = 0;
     for (int i = 0; i < count; ++i) {
-        x[i] = 0.25F * static_cast<float>(i);
+        time += gapOf(random) == 0 ? 500.0 : 0.25 * (1 + std::abs(stepOf(random)));
+        x[i] = static_cast<float>(time);
         level += stepOf(random);
         y[i] = static_cast<float>(level);
     }
