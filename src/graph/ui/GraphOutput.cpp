@@ -116,7 +116,7 @@ bool GraphOutput::printWithPreview(QWidget* widget, QWidget* parent)
     printer.setPageOrientation(widget->width() >= widget->height() ? QPageLayout::Landscape
                                                                    : QPageLayout::Portrait);
     QPrintPreviewDialog preview(&printer, parent);
-    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, parent,
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                      [widget](QPrinter* target) { print(widget, target); });
     return preview.exec() == QDialog::Accepted;
 }

@@ -110,6 +110,7 @@ protected:
 
 TEST_F(ChartCanvasTest, StripsZoomTogetherAndDrawAFewPointsAColumn)
 {
+    ASSERT_TRUE(test::saveScreenshot(&stack, QStringLiteral("graph-kit-strips-day")));
     const AxisRange day = top->zoom().view().x;
     EXPECT_DOUBLE_EQ(day.span(), (sampleCount - 1) * 100.0);
     for (ChartCanvas* canvas : {top, bottom}) {

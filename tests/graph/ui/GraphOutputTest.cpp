@@ -11,6 +11,7 @@
 #include <QImage>
 #include <QLineSeries>
 #include <QPainter>
+#include <QPrinter>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <cmath>
@@ -109,12 +110,19 @@ TEST(GraphOutput, WritesPngSvgAndPdfOfChartsStacksAndPictures)
         painter.end();
         EXPECT_GT(inkShare(drawn), 0.01);
 
+        // A PDF file, and the printer's path (here into a PDF file): one page with the picture.
         ASSERT_TRUE(GraphOutput::save(subject.widget, base + QStringLiteral(".pdf"), "Graph"));
-        const QByteArray pdf = contents(base + QStringLiteral(".pdf"));
-        EXPECT_TRUE(pdf.startsWith("%PDF-"));
-        EXPECT_EQ(
-            pdf.count("/Type /Page\n") + pdf.count("/Type /Page\r") + pdf.count("/Type /Page "), 1);
-        EXPECT_GT(pdf.size(), 2000);
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFileName(base + QStringLiteral("-printed.pdf"));
+        ASSERT_TRUE(GraphOutput::print(subject.widget, &printer));
+        for (const QString& path : {base + QStringLiteral(".pdf"), printer.outputFileName()}) {
+            const QByteArray pdf = contents(path);
+            EXPECT_TRUE(pdf.startsWith("%PDF-"));
+            EXPECT_EQ(pdf.count("/Type /Page\n") + pdf.count("/Type /Page\r") +
+                          pdf.count("/Type /Page "),
+                      1);
+            EXPECT_GT(pdf.size(), 2000);
+        }
     }
     // A suffix that names no format, and a folder that does not exist, write nothing.
     EXPECT_FALSE(GraphOutput::save(chart.get(), folder.filePath(QStringLiteral("chart.bmp"))));
