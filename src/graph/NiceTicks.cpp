@@ -121,7 +121,9 @@ AxisTicks NiceTicks::linear(const AxisRange& range, int maxTicks)
 
 AxisTicks NiceTicks::time(const AxisRange& range, int maxTicks)
 {
-    if (!valid(range) || maxTicks < 1)
+    // The calendar steps walk dates: a range outside the years 1 to 9999 has none to walk.
+    static const AxisRange calendar{msOf(QDate(1, 1, 1)), msOf(QDate(9999, 12, 31))};
+    if (!valid(range) || maxTicks < 1 || range.min < calendar.min || range.max > calendar.max)
         return {};
     const double raw = range.span() / maxTicks;
     if (raw < msPerSecond) {

@@ -94,4 +94,7 @@ TEST(NiceTicks, TimeTicksFollowTheClockAndCalendarOfTheMeter)
         EXPECT_DOUBLE_EQ(ticks.values.first(), wallMs(c.firstTick));
         EXPECT_LE(ticks.values.size(), c.maxTicks + 1);
     }
+    // Times no calendar holds give no ticks (and no endless walk over invalid dates).
+    EXPECT_TRUE(NiceTicks::time({-1e17, 0}, 5).values.isEmpty());
+    EXPECT_TRUE(NiceTicks::time({0, 1e300}, 5).values.isEmpty());
 }

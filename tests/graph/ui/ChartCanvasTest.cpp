@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <QtTest/QTest>
 #include <cmath>
+#include <ctime>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -77,6 +78,10 @@ class ChartCanvasTest : public testing::Test
 protected:
     void SetUp() override
     {
+        // Meter time is no zone's time: on a PC in a zone that moves its clocks on this very
+        // day, the labels and read-outs must still show the meter's clock.
+        qputenv("TZ", "Europe/Berlin");
+        tzset();
         const auto [volts, amps] = daySeries();
         top = strip(stack, "Van", "Volts", volts, QColor(200, 30, 30));
         bottom = strip(stack, "Ia", "Amps", amps, QColor(30, 30, 200));
