@@ -161,6 +161,12 @@ void ChartCanvas::setXLabelsVisible(bool visible)
     m_x->setTitleVisible(visible);
 }
 
+void ChartCanvas::setMarks(const QList<ChartMark>& marks)
+{
+    m_marks = marks;
+    viewport()->update();
+}
+
 void ChartCanvas::setCursorX(std::optional<double> x)
 {
     m_cursor = x;
@@ -208,13 +214,17 @@ QPointF ChartCanvas::valueAt(const QPointF& position) const
             view.y.max - (at.y() - plot.top()) / plot.height() * view.y.span()};
 }
 
-QPointF ChartCanvas::positionOf(const QPointF& value) const
+QPointF ChartCanvas::plotPointOf(const QPointF& value) const
 {
     const QRectF plot = chart()->plotArea();
     const Viewport& view = m_zoom.view();
-    const QPointF inChart(plot.left() + (value.x() - view.x.min) / view.x.span() * plot.width(),
-                          plot.top() + (view.y.max - value.y()) / view.y.span() * plot.height());
-    return mapFromScene(chart()->mapToScene(inChart));
+    return {plot.left() + (value.x() - view.x.min) / view.x.span() * plot.width(),
+            plot.top() + (view.y.max - value.y()) / view.y.span() * plot.height()};
+}
+
+QPointF ChartCanvas::positionOf(const QPointF& value) const
+{
+    return mapFromScene(chart()->mapToScene(plotPointOf(value)));
 }
 
 std::optional<PointHit> ChartCanvas::hoverAt(const QPointF& position)
@@ -307,18 +317,28 @@ void ChartCanvas::drawForeground(QPainter* painter, const QRectF& rect)
                               lines[i]);
     };
     const Viewport& view = m_zoom.view();
-    if (m_cursor && *m_cursor >= view.x.min && *m_cursor <= view.x.max) {
-        const double x = plot.left() + (*m_cursor - view.x.min) / view.x.span() * plot.width();
-        painter->setPen(QPen(QColor(180, 0, 0), 1, Qt::DashLine));
-        painter->drawLine(QPointF(x, plot.top()), QPointF(x, plot.bottom()));
+    // A dashed line across the plot at `x`; false when `x` is outside the view.
+    auto vertical = [&](double x, const QColor& color) {
+        if (x < view.x.min || x > view.x.max)
+            return false;
+        const double at = plotPointOf({x, view.y.max}).x();
+        painter->setPen(QPen(color, 1, Qt::DashLine));
+        painter->drawLine(QPointF(at, plot.top()), QPointF(at, plot.bottom()));
+        return true;
+    };
+    for (const ChartMark& mark : std::as_const(m_marks)) {
+        if (vertical(mark.x, mark.color))
+            painter->drawText(plotPointOf({mark.x, view.y.max}) + QPointF(3, metrics.ascent() + 2),
+                              mark.text);
+    }
+    // The read-out starts a line lower than the marks' texts, which it would cover.
+    if (m_cursor && vertical(*m_cursor, QColor(180, 0, 0))) {
         const QStringList readout = cursorReadout();
         if (!readout.isEmpty())
-            box(QPointF(x, plot.top()), readout);
+            box(plotPointOf({*m_cursor, view.y.max}) + QPointF(0, metrics.height()), readout);
     }
     if (m_hover) {
-        const QPointF at(
-            plot.left() + (m_hover->point.x() - view.x.min) / view.x.span() * plot.width(),
-            plot.top() + (view.y.max - m_hover->point.y()) / view.y.span() * plot.height());
+        const QPointF at = plotPointOf(m_hover->point);
         painter->setPen(QPen(QColor(0, 0, 160), 1.5));
         painter->setBrush(Qt::NoBrush);
         painter->drawEllipse(at, 4, 4);

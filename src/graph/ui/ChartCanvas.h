@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ChartMark.h"
 #include "ZoomStep.h"
 #include "graph/PlotSeries.h"
 #include "graph/PointHit.h"
@@ -67,6 +68,10 @@ public:
     /// Show or hide the x tick labels (strips above another share its labels).
     void setXLabelsVisible(bool visible);
 
+    /// Vertical marks drawn over the plot (those outside the view are left out).
+    void setMarks(const QList<ChartMark>& marks);
+    const QList<ChartMark>& marks() const { return m_marks; }
+
     /// Cursor at `x` (nothing: no cursor).
     void setCursorX(std::optional<double> x);
     std::optional<double> cursorX() const { return m_cursor; }
@@ -115,6 +120,8 @@ private:
     void fillTicks(QCategoryAxis* axis, const AxisRange& range, bool wallClock, int maxTicks);
     QString pointText(const QString& name, const QPointF& value) const;
     QRect bandFor(const QPoint& from, const QPoint& to) const;
+    /// Chart coordinates of a chart value.
+    QPointF plotPointOf(const QPointF& value) const;
 
     QCategoryAxis* m_x = nullptr;
     QCategoryAxis* m_y = nullptr;
@@ -123,6 +130,7 @@ private:
     ZoomAxes m_zoomAxes = ZoomAxes::Horizontal;
     bool m_wallClock = false;
     std::optional<double> m_cursor;
+    QList<ChartMark> m_marks;
     std::function<QString(const QString&, const QPointF&)> m_valueText;
     std::function<void(QMenu*, const QPointF&)> m_menuHook;
     QRubberBand* m_band = nullptr;

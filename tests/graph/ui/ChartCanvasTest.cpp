@@ -177,7 +177,26 @@ TEST_F(ChartCanvasTest, CursorHoverAndMenuShowTheValuesOfTheSamples)
         << top->hoverText().toStdString();
     EXPECT_TRUE(top->hoverText().endsWith(QStringLiteral(", 160")))
         << top->hoverText().toStdString();
+    // A mark changes the picture at its time only (line, and its text to the right); one
+    // outside the view is left out.
+    const QImage before = top->grab().toImage();
+    top->setMarks({{dip - 600000.0, QStringLiteral("Mark 1"), QColor(0, 150, 0)},
+                   {dayStart() + 3600000.0, QStringLiteral("Mark 2"), QColor(0, 150, 0)}});
+    const QImage after = top->grab().toImage();
     ASSERT_TRUE(test::saveScreenshot(&stack, QStringLiteral("graph-kit-strips")));
+    const int markColumn = int(top->positionOf({dip - 600000.0, 0}).x());
+    int onLine = 0;
+    int elsewhere = 0;
+    for (int x = 0; x < after.width(); ++x) {
+        for (int y = 0; y < after.height(); ++y) {
+            if (after.pixel(x, y) == before.pixel(x, y))
+                continue;
+            onLine += std::abs(x - markColumn) <= 1;
+            elsewhere += x < markColumn - 1 || x > markColumn + 80;
+        }
+    }
+    EXPECT_GT(onLine, 100);
+    EXPECT_EQ(elsewhere, 0);
 
     QTest::mouseMove(top->viewport(), plotPoint(top, 0.2, 0.98));
     EXPECT_TRUE(top->hoverText().isEmpty());
