@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WaveStripChart.h"
 
-#include "waveform/SeriesDecimation.h"
+#include "graph/SeriesDecimation.h"
 
 #include <QCursor>
 #include <QFont>

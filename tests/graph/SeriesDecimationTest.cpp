@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Thinning a long series for a chart: extremes survive, the visible range is found exactly.
-#include "waveform/SeriesDecimation.h"
+#include "graph/SeriesDecimation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,11 +23,20 @@ QVector<float> axis(int count, float step)
 TEST(SeriesDecimation, VisibleRangeKeepsOneSampleBeyondEachEnd)
 {
     const QVector<float> x = axis(100, 0.5F);
-    EXPECT_EQ(SeriesDecimation::visibleRange(x, 10.0, 20.0), std::make_pair(19, 41));
-    EXPECT_EQ(SeriesDecimation::visibleRange(x, 10.2, 19.9), std::make_pair(20, 40));
-    EXPECT_EQ(SeriesDecimation::visibleRange(x, -5.0, 100.0), std::make_pair(0, 99));
-    EXPECT_EQ(SeriesDecimation::visibleRange(x, 60.0, 70.0), std::make_pair(0, -1));
-    EXPECT_EQ(SeriesDecimation::visibleRange({}, 0.0, 1.0), std::make_pair(0, -1));
+    struct Case
+    {
+        QVector<float> x;
+        double from;
+        double to;
+        std::pair<int, int> range;
+    };
+    const Case cases[] = {
+        {x, 10.0, 20.0, {19, 41}},  {x, 10.2, 19.9, {20, 40}}, {x, -5.0, 100.0, {0, 99}},
+        {x, 60.0, 70.0, {0, -1}},   {x, 20.0, 10.0, {0, -1}},  {{}, 0.0, 1.0, {0, -1}},
+        {{3.0F}, 0.0, 5.0, {0, 0}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(SeriesDecimation::visibleRange(c.x, c.from, c.to), c.range) << c.from;
 }
 
 TEST(SeriesDecimation, KeepsFirstMinMaxLastPerColumn)

@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Two strips of a day of meter samples over one wall-clock axis: zoom, pan, undo, cursor,
+// hover and the menu hook, as the user does them with the mouse.
+#include "graph/ui/ChartCanvas.h"
+
+#include "graph/GraphRegistry.h"
+#include "graph/SeriesPyramid.h"
+#include "graph/ui/GraphWindows.h"
+#include "graph/ui/StripStack.h"
+#include "support/ui/Screenshot.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QLineSeries>
+#include <QMenu>
+#include <QTimer>
+#include <QtTest/QTest>
+#include <cmath>
+#include <ctime>
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace lorvane;
+
+namespace {
+
+constexpr double msPerDay = 86400000;
+/// One sample every 100 ms for a day.
+constexpr int sampleCount = 864000;
+
+double dayStart()
+{
+    return double(QDateTime(QDate(2026, 3, 29), QTime(0, 0), Qt::UTC).toMSecsSinceEpoch());
+}
+
+/// Voltage with a daily swing, a dip at 14:00 and a spike at 09:30; current follows the load.
+std::pair<std::shared_ptr<const PlotSeries>, std::shared_ptr<const PlotSeries>> daySeries()
+{
+    QVector<double> x(sampleCount);
+    QVector<double> volts(sampleCount);
+    QVector<double> amps(sampleCount);
+    for (int i = 0; i < sampleCount; ++i) {
+        const double hour = i / 36000.0;
+        x[i] = dayStart() + i * 100.0;
+        volts[i] = 230 + 4 * std::sin(hour / 24 * 2 * M_PI) + 0.8 * std::sin(i * 0.37);
+        amps[i] = 40 + 25 * std::sin((hour - 6) / 24 * 2 * M_PI) + 3 * std::sin(i * 1.3);
+    }
+    for (int i = 14 * 36000; i < 14 * 36000 + 50; ++i)
+        volts[i] = 160;
+    volts[int(9.5 * 36000)] = 290;
+    return {std::make_shared<SeriesPyramid<double>>(x, volts),
+            std::make_shared<SeriesPyramid<double>>(x, amps)};
+}
+
+ChartCanvas* strip(StripStack& stack, const char* name, const char* unit,
+                   std::shared_ptr<const PlotSeries> data, const QColor& color)
+{
+    ChartCanvas* canvas = stack.addStrip();
+    canvas->setWallClockX(true);
+    canvas->setTitles({}, QStringLiteral("Meter time"), QString::fromLatin1(unit));
+    auto* line = new QLineSeries;
+    line->setName(QString::fromLatin1(name));
+    line->setPen(QPen(color, 1.2));
+    canvas->addSeries(line, std::move(data));
+    canvas->setLimits({1000, 0});
+    return canvas;
+}
+
+QPoint plotPoint(ChartCanvas* canvas, double fx, double fy)
+{
+    const QRectF plot = canvas->chart()->plotArea();
+    return canvas->mapFromScene(canvas->chart()->mapToScene(
+        QPointF(plot.left() + fx * plot.width(), plot.top() + fy * plot.height())));
+}
+
+class ChartCanvasTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        // Meter time is no zone's time: on a PC in a zone that moves its clocks on this very
+        // day, the labels and read-outs must still show the meter's clock.
+        qputenv("TZ", "Europe/Berlin");
+        tzset();
+        const auto [volts, amps] = daySeries();
+        top = strip(stack, "Van", "Volts", volts, QColor(200, 30, 30));
+        bottom = strip(stack, "Ia", "Amps", amps, QColor(30, 30, 200));
+        stack.fitToData();
+        stack.resize(1000, 640);
+        stack.show();
+        // One time stands at one pixel column in both strips, whatever their y labels need
+        // ("300" above "60" first put the plots 7 pixels apart).
+        auto aligned = [this] {
+            const QRectF a = top->chart()->plotArea();
+            const QRectF b = bottom->chart()->plotArea();
+            return std::abs(a.left() - b.left()) < 1 && std::abs(a.right() - b.right()) < 1;
+        };
+        EXPECT_TRUE(QTest::qWaitFor(aligned, 2000));
+        top->setFocus();
+    }
+
+    void drag(ChartCanvas* canvas, double from, double to)
+    {
+        QTest::mousePress(canvas->viewport(), Qt::LeftButton, {}, plotPoint(canvas, from, 0.5));
+        QTest::mouseMove(canvas->viewport(), plotPoint(canvas, (from + to) / 2, 0.5));
+        QTest::mouseRelease(canvas->viewport(), Qt::LeftButton, {}, plotPoint(canvas, to, 0.5));
+    }
+
+    StripStack stack;
+    ChartCanvas* top = nullptr;
+    ChartCanvas* bottom = nullptr;
+};
+
+} // namespace
+
+TEST_F(ChartCanvasTest, StripsZoomTogetherAndDrawAFewPointsAColumn)
+{
+    ASSERT_TRUE(test::saveScreenshot(&stack, QStringLiteral("graph-kit-strips-day")));
+    const AxisRange day = top->zoom().view().x;
+    EXPECT_DOUBLE_EQ(day.span(), (sampleCount - 1) * 100.0);
+    for (ChartCanvas* canvas : {top, bottom}) {
+        const int columns = int(canvas->chart()->plotArea().width());
+        EXPECT_LE(canvas->pointsShown(), 4 * columns + 8);
+        EXPECT_GE(canvas->pointsShown(), columns);
+    }
+    // The spike and the dip of the voltage survive the thinning of 864 000 samples.
+    EXPECT_EQ(top->zoom().bounds().y, (AxisRange{160 - 13, 290 + 13}));
+
+    drag(top, 0.25, 0.5);
+    EXPECT_NEAR(top->zoom().view().x.span(), day.span() / 4, day.span() / 100);
+    EXPECT_EQ(bottom->zoom().view().x, top->zoom().view().x);
+    EXPECT_EQ(bottom->zoom().view().y, bottom->zoom().bounds().y) << "each strip keeps its y";
+
+    // Wheel notches in the bottom strip form one gesture, followed by the top strip.
+    for (int notch = 0; notch < 3; ++notch) {
+        QWheelEvent wheel(plotPoint(bottom, 0.5, 0.5),
+                          bottom->mapToGlobal(plotPoint(bottom, 0.5, 0.5)), {}, {0, 120},
+                          Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(bottom->viewport(), &wheel);
+    }
+    EXPECT_NEAR(bottom->zoom().view().x.span(), day.span() / 4 * 0.512, day.span() / 1000);
+    EXPECT_EQ(top->zoom().view().x, bottom->zoom().view().x);
+    EXPECT_EQ(top->zoom().depth(), 2);
+
+    QTest::keyClick(top, Qt::Key_Backspace);
+    EXPECT_NEAR(bottom->zoom().view().x.span(), day.span() / 4, day.span() / 100);
+    QTest::keyClick(top, Qt::Key_Home);
+    EXPECT_EQ(bottom->zoom().view().x, day);
+    EXPECT_EQ(bottom->zoom().depth(), 0);
+
+    // Down to the limit of one second: 10 samples, drawn whole.
+    for (int notch = 0; notch < 80; ++notch) {
+        QWheelEvent wheel(plotPoint(top, 0.5, 0.5), top->mapToGlobal(plotPoint(top, 0.5, 0.5)), {},
+                          {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(top->viewport(), &wheel);
+    }
+    EXPECT_DOUBLE_EQ(top->zoom().view().x.span(), 1000);
+    EXPECT_EQ(top->pointsShown(), 12);
+}
+
+TEST_F(ChartCanvasTest, CursorHoverAndMenuShowTheValuesOfTheSamples)
+{
+    drag(top, 0.5, 0.6); // from 12:00 to about 14:24: the dip at 14:00 is in view
+    QTest::mouseClick(top->viewport(), Qt::LeftButton, {}, plotPoint(top, 0.5, 0.3));
+    ASSERT_TRUE(top->cursorX().has_value());
+    EXPECT_EQ(bottom->cursorX(), top->cursorX());
+    const QStringList readout = top->cursorReadout();
+    ASSERT_EQ(readout.size(), 1);
+    EXPECT_TRUE(readout.first().startsWith(QStringLiteral("Van: 2026-03-29 1")))
+        << readout.first().toStdString();
+
+    // The pointer over a drawn point of the dip shows that sample's time and value.
+    const double dip = dayStart() + 14 * 3600000.0;
+    const QPoint atDip = top->positionOf({dip, 160}).toPoint();
+    QTest::mouseMove(top->viewport(), atDip);
+    EXPECT_TRUE(top->hoverText().startsWith(QStringLiteral("Van: 2026-03-29 14:00:0")))
+        << top->hoverText().toStdString();
+    EXPECT_TRUE(top->hoverText().endsWith(QStringLiteral(", 160")))
+        << top->hoverText().toStdString();
+    // A mark changes the picture at its time only (line, and its text to the right); one
+    // outside the view is left out.
+    const QImage before = top->grab().toImage();
+    top->setMarks({{dip - 600000.0, QStringLiteral("Mark 1"), QColor(0, 150, 0)},
+                   {dayStart() + 3600000.0, QStringLiteral("Mark 2"), QColor(0, 150, 0)}});
+    const QImage after = top->grab().toImage();
+    ASSERT_TRUE(test::saveScreenshot(&stack, QStringLiteral("graph-kit-strips")));
+    const int markColumn = int(top->positionOf({dip - 600000.0, 0}).x());
+    int onLine = 0;
+    int elsewhere = 0;
+    for (int x = 0; x < after.width(); ++x) {
+        for (int y = 0; y < after.height(); ++y) {
+            if (after.pixel(x, y) == before.pixel(x, y))
+                continue;
+            onLine += std::abs(x - markColumn) <= 1;
+            elsewhere += x < markColumn - 1 || x > markColumn + 80;
+        }
+    }
+    EXPECT_GT(onLine, 100);
+    EXPECT_EQ(elsewhere, 0);
+
+    QTest::mouseMove(top->viewport(), plotPoint(top, 0.2, 0.98));
+    EXPECT_TRUE(top->hoverText().isEmpty());
+
+    // The window's menu hook gets the value under a right click.
+    QPointF asked;
+    top->setContextMenuHook([&asked](QMenu* menu, const QPointF& value) {
+        asked = value;
+        menu->addAction(QStringLiteral("Set Mark 1"));
+    });
+    QTimer::singleShot(0, [] {
+        if (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+    });
+    const QPoint click = plotPoint(top, 0.75, 0.5);
+    QContextMenuEvent menuEvent(QContextMenuEvent::Mouse, click,
+                                top->viewport()->mapToGlobal(click));
+    QApplication::sendEvent(top->viewport(), &menuEvent);
+    EXPECT_NEAR(asked.x(), top->valueAt(click).x(), 1);
+}
+
+TEST(GraphWindows, AcceptsMakersOnlyForListedGraphKinds)
+{
+    ASSERT_NE(GraphRegistry::instance().find(QStringLiteral("waveform")), nullptr);
+    EXPECT_EQ(GraphRegistry::instance().find(QStringLiteral("waveform"))->logKind, 9);
+    int made = 0;
+    const GraphWindows::Maker maker = [&made](const GraphSelection& selection, QWidget*) {
+        ++made;
+        return selection.position >= 0 ? new QWidget : nullptr;
+    };
+    struct Case
+    {
+        int kind;
+        bool withMaker;
+        bool accepted;
+    };
+    const Case cases[] = {{9, true, true}, {9, false, false}, {3, true, false}, {-1, true, false}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(GraphWindows::add(c.kind, c.withMaker ? maker : nullptr), c.accepted) << c.kind;
+        EXPECT_EQ(GraphWindows::has(c.kind), c.kind == 9) << c.kind;
+    }
+    GraphSelection selection;
+    selection.logKind = 9;
+    selection.position = 2;
+    std::unique_ptr<QWidget> window(GraphWindows::open(selection, nullptr));
+    EXPECT_NE(window, nullptr);
+    selection.position = -1;
+    EXPECT_EQ(GraphWindows::open(selection, nullptr), nullptr) << "the maker refused";
+    selection.logKind = 3;
+    EXPECT_EQ(GraphWindows::open(selection, nullptr), nullptr);
+    EXPECT_EQ(made, 2);
+    GraphWindows::remove(9);
+    EXPECT_FALSE(GraphWindows::has(9));
+}
