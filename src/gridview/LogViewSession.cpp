@@ -8,6 +8,7 @@
 #include "query/InputView.h"
 #include "query/LimitView.h"
 #include "query/LoadProgress.h"
+#include "query/LogFileList.h"
 #include "query/PqGrid.h"
 #include "query/PqView.h"
 #include "query/RelayView.h"
@@ -115,6 +116,7 @@ struct LogViewSession::Entry
             c.descending = entry.sort.descending;
             c.sortColumn = entry.sortColumn();
             c.typeFilter = entry.typeFilter();
+            c.groupByType = isSnapshotKind(entry.logKind) && entry.sort.recordType == 1;
         }
         ~Presentation()
         {
@@ -122,6 +124,7 @@ struct LogViewSession::Entry
             c.descending = m_entry.loadDescending;
             c.sortColumn.clear();
             c.typeFilter = 0;
+            c.groupByType = false;
         }
         Presentation(const Presentation&) = delete;
         Presentation& operator=(const Presentation&) = delete;
@@ -141,12 +144,8 @@ struct LogViewSession::Entry
     /// text for the other kinds, empty for Date/Time.
     QString sortColumn() const
     {
-        if (isSnapshotKind(logKind)) {
-            // "Group By Type" puts the record type first, the time within each type.
-            if (sort.recordType == 1)
-                return QStringLiteral("Record Type");
+        if (isSnapshotKind(logKind))
             return sort.item > 0 ? dataColumns().value(sort.item - 1) : QString();
-        }
         if (sort.item <= 0)
             return {};
         return SortOptions::itemTexts(static_cast<LogKind>(logKind)).value(sort.item);
@@ -372,6 +371,32 @@ QStringList LogViewSession::typeChoices() const
     return {};
 }
 
+LogViewSession::GraphTarget LogViewSession::graphTarget(int logKind)
+{
+    switch (static_cast<LogKind>(logKind)) {
+    case LogKind::Snapshots:
+    case LogKind::Demand:
+    case LogKind::Flicker:
+    case LogKind::SystemEvent:
+        return GraphTarget::TrendSetup;
+    case LogKind::Relays:
+        return GraphTarget::RelayTree;
+    case LogKind::Waveform:
+        return GraphTarget::WaveformGraph;
+    case LogKind::PowerQuality:
+        return GraphTarget::PqGraph;
+    case LogKind::EN50160:
+        return GraphTarget::ComplianceChart;
+    default:
+        return GraphTarget::None;
+    }
+}
+
+bool LogViewSession::graphWindowExists(GraphTarget target)
+{
+    return target == GraphTarget::WaveformGraph;
+}
+
 LogViewSession::GraphAction LogViewSession::graph(int row) const
 {
     GraphAction action;
@@ -401,17 +426,21 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
             action.caption = grid.rowKeys.at(row).value(QStringLiteral("Label")).toString();
         }
         break;
+    case LogKind::Relays:
+        // The relay logic tree is not built yet: the messages before it are answered, and
+        // the window keeps the button disabled.
+        if (empty)
+            message(userText("406012", "There are no relays"));
+        else if (!selected)
+            message(userText("406014", "Please select a relay record  to graph"));
+        break;
     case LogKind::Snapshots:
     case LogKind::Demand:
     case LogKind::Flicker:
     case LogKind::SystemEvent:
-    case LogKind::Relays:
-        // Their graph windows (trend set-up, relay logic tree) do not exist yet: only the
-        // empty case is answered, and the window keeps the button disabled.
+        // The trend set-up is not built yet: only the empty case is answered.
         if (empty)
-            message(entry.logKind == int(LogKind::Relays)
-                        ? userText("406012", "There are no relays")
-                        : userText("406013", "There are no data to graph"));
+            message(userText("406013", "There are no data to graph"));
         break;
     default:
         break;
@@ -449,13 +478,12 @@ std::optional<GridTable> LogViewSession::rowDetail(int grid, int row) const
     case LogKind::Relays: {
         if (grid != 0)
             return std::nullopt;
+        // Rows carry the 1-based position of their file in the query's expanded list.
         const qint64 device = key("DeviceIndex");
-        int deviceType =
-            entry.context->files.isEmpty() ? 0 : entry.context->files.first().deviceTypeId;
-        for (const LogFileEntry& file : entry.context->files) {
-            if (file.deviceIndex == device)
-                deviceType = file.deviceTypeId;
-        }
+        const QList<LogFileEntry> files =
+            LogFileList::expand(entry.context->files, int(LogKind::Relays));
+        const LogFileEntry* file = LogFileList::fileOfDevice(files, device);
+        const int deviceType = file ? file->deviceTypeId : 0;
         return SetupRecordViews::relaySetting(db, numbers, device, key("Index"), key("ModuleIndex"),
                                               key("RelayIndex"), deviceType);
     }

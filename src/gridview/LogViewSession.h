@@ -27,6 +27,22 @@ class TopQueryBuffer;
 class LogViewSession
 {
 public:
+    /// The window each kind hands its rows to with &Graph.
+    enum class GraphTarget
+    {
+        None,            ///< the kind hands over nothing
+        TrendSetup,      ///< the trend / power graph set-up: the grid's data columns
+        RelayTree,       ///< the relay logic tree of the selected relay record
+        WaveformGraph,   ///< the waveform window on the selected capture
+        PqGraph,         ///< the magnitude/duration graph on the query's PQ table
+        ComplianceChart, ///< the EN 50160 chart of the compliance list
+    };
+    /// The hand-over of `logKind`.
+    static GraphTarget graphTarget(int logKind);
+    /// The target has a window in this build: &Graph is enabled for its kinds. Each graph
+    /// window adds its target here when it lands.
+    static bool graphWindowExists(GraphTarget target);
+
     /// What &Graph does for the current kind and row.
     struct GraphAction
     {

@@ -73,8 +73,9 @@ public:
     DayWalk(TempQueryDatabase& scratch, LoadProgress& progress);
 
     /// Walks `masterTable` of every used file over [start, end]. `word` names the load in the
-    /// progress text ("Loading {word} queries"). Throws StorageError when a statement of the
-    /// loader fails; the files are detached in any case.
+    /// progress text ("Loading {word} queries"). A day the loader cannot read (a missing or
+    /// damaged day table) throws a Fault naming the meter file and the table; the files are
+    /// detached in any case.
     Result run(QList<LogFileEntry>& files, const QString& masterTable, const QString& word,
                const QDateTime& start, const QDateTime& end, bool descending, const Visitor& visit);
 

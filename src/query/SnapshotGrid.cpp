@@ -66,7 +66,7 @@ QString SnapshotGrid::label(qint32 dataId) const
 }
 
 QString SnapshotGrid::cellText(double value, qint64 deviceIndex, qint32 dataId, qint64 profileIndex,
-                               const QHash<QString, QString>& scaledPatterns) const
+                               const QHash<QString, ScaledEnergyFormat>& scaledFormats) const
 {
     const QLocale& locale = m_dateTime.locale();
     const QString plain = ValueFormat::settingsPattern(m_context.dataFormat);
@@ -77,9 +77,14 @@ QString SnapshotGrid::cellText(double value, qint64 deviceIndex, qint32 dataId, 
         if (const std::optional<DeviceScaledFormats::Entry> scaled = m_scaledFormats.find(dataId)) {
             const QString key =
                 QStringLiteral("%1/%2/%3").arg(deviceIndex).arg(profileIndex).arg(scaled->formatId);
-            const auto pattern = scaledPatterns.constFind(key);
-            if (pattern != scaledPatterns.constEnd())
-                return ValueFormat::text(value, *pattern, locale);
+            const auto format = scaledFormats.constFind(key);
+            if (format != scaledFormats.constEnd()) {
+                // The meter logs the value in the unit its format names: the prefix goes
+                // with the number, never a rescaling.
+                const QString prefix = format->unitPrefix();
+                const QString number = ValueFormat::text(value, format->pattern(), locale);
+                return prefix.isEmpty() ? number : number + QLatin1Char(' ') + prefix;
+            }
         }
     }
     return ValueFormat::text(value, plain, locale);
@@ -105,18 +110,20 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
             devices.insert(select.integer(0), {select.integer(1), select.text(2)});
     }
     // Scaled formats of the slice by device, profile and format id.
-    QHash<QString, QString> scaledPatterns;
+    QHash<QString, ScaledEnergyFormat> scaledFormats;
     if (m_context.useScaledFormats) {
         SqlStatement select = db.prepare(
-            QStringLiteral("SELECT [DeviceIndex], [ProfileIndex], [FormatID], [Decimals] FROM ") +
+            QStringLiteral(
+                "SELECT [DeviceIndex], [ProfileIndex], [FormatID], [Units], [Decimals] FROM ") +
             SqlIdentifier::quote(numbers.sliceTable(QStringLiteral("ScaledFormats_"))));
         while (select.next()) {
             const QString key = QStringLiteral("%1/%2/%3")
                                     .arg(select.integer(0))
                                     .arg(select.integer(1))
                                     .arg(select.integer(2));
-            if (!scaledPatterns.contains(key))
-                scaledPatterns.insert(key, ValueFormat::scaledPattern(int(select.integer(3))));
+            if (!scaledFormats.contains(key))
+                scaledFormats.insert(
+                    key, ScaledEnergyFormat(int(select.integer(3)), int(select.integer(4))));
         }
     }
 
@@ -152,13 +159,15 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
     grid.headingRows << firstHeading << secondHeading;
 
     // One ordered read: the group keys in the view's direction, then read order, so the
-    // first value of a key at an instant is the one kept.
+    // first value of a key at an instant is the one kept. Grouped by type, the type comes
+    // first and always ascending.
     const QString direction = m_context.descending ? QStringLiteral("DESC") : QStringLiteral("ASC");
     SqlStatement select = db.prepare(
         QStringLiteral("SELECT [Date/Time], [ms], [DTmode], [TypeID], [ProfileIndex], "
-                       "[DeviceIndex], [DataID], [Value] FROM %1%2 ORDER BY [Date/Time] %3, "
+                       "[DeviceIndex], [DataID], [Value] FROM %1%2 ORDER BY %4[Date/Time] %3, "
                        "[ms] %3, [DTmode], [TypeID], [ProfileIndex], rowid")
-            .arg(source, typeWhere, direction));
+            .arg(source, typeWhere, direction,
+                 m_context.groupByType ? QStringLiteral("[TypeID] ASC, ") : QString()));
     select.bindAll(typeValues);
     QList<Line> lines;
     const QString format = m_dateTime.dateTimeFormat();
@@ -186,7 +195,8 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
             cell = select.real(7);
     }
 
-    // Another sort item: its values, then the time text, both in the chosen direction.
+    // Another sort item: its values in the chosen direction; equal values keep the order of
+    // the read (type when grouped, then time), never the order of the time's display text.
     const QString sortColumn = m_context.sortColumn;
     const int sortIndex = sortColumn.isEmpty() ? -1 : int(grid.columns.indexOf(sortColumn));
     if (sortIndex > 0) {
@@ -203,13 +213,14 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
                 return line.values[sortIndex];
             }
         };
+        const bool grouped = m_context.groupByType;
         std::stable_sort(lines.begin(), lines.end(), [&](const Line& a, const Line& b) {
+            if (grouped && a.type != b.type)
+                return a.type < b.type;
             const std::optional<double> ka = keyOf(a);
             const std::optional<double> kb = keyOf(b);
             // An empty cell sorts before every value, as a NULL does.
-            if (ka != kb)
-                return descending ? kb < ka : ka < kb;
-            return descending ? b.timeText < a.timeText : a.timeText < b.timeText;
+            return descending ? kb < ka : ka < kb;
         });
     }
 
@@ -227,7 +238,7 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
                 continue;
             }
             const auto [device, dataId] = columnKeys.value(c);
-            row << cellText(*value, device, dataId, line.profile, scaledPatterns);
+            row << cellText(*value, device, dataId, line.profile, scaledFormats);
         }
         grid.rows << row;
         grid.rowKeys << QVariantMap{{QStringLiteral("Date/Time"), line.stored},

@@ -29,7 +29,9 @@ public:
     /// (`from` later than `to` when descending). The result's `stopped` says the budget ended
     /// the slice at `reached`; a slice never ends inside an instant unless that instant alone
     /// is larger than the budget. Throws StorageError when a statement fails.
-    DayWalk::Result load(const QueryNumbers& numbers, const QDateTime& from, const QDateTime& to);
+    /// `files` is the expanded file list the query was created with.
+    DayWalk::Result load(const QueryNumbers& numbers, QList<LogFileEntry>& files,
+                         const QDateTime& from, const QDateTime& to);
 
     /// The master table of a snapshot kind.
     static QString masterTable(int logKind);
@@ -42,6 +44,9 @@ private:
     int excludedModeOfHour();
     /// Ends the slice at the last whole instant once the budget is spent.
     void cutAtBudget(qint64 deviceIndex);
+    /// Moves the cut back to the last whole instant the budget holds over every file read so
+    /// far; returns the rows taken out.
+    qint64 trimToBudget();
     void copyScaledFormats(const DayVisit& visit);
     QString filterSql() const;
     QVariantList filterValues() const;

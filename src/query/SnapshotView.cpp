@@ -2,6 +2,7 @@
 #include "SnapshotView.h"
 
 #include "DayWalk.h"
+#include "LogFileList.h"
 #include "QueryContext.h"
 #include "SnapshotGrid.h"
 #include "SnapshotLoader.h"
@@ -24,7 +25,9 @@ QString SnapshotView::caption(int logKind)
 ViewResult SnapshotView::load()
 {
     QueryCatalog catalog(*m_context.scratch);
-    m_numbers = catalog.createQuery(m_context.start, m_context.end, m_logKind, m_context.files);
+    // A split-log meter reads its interval logs: the query's devices are the expanded files.
+    m_files = LogFileList::expand(m_context.files, m_logKind);
+    m_numbers = catalog.createQuery(m_context.start, m_context.end, m_logKind, m_files);
     m_ranges.clear();
     m_noData = false;
     m_cancelled = false;
@@ -35,7 +38,7 @@ ViewResult SnapshotView::load()
 bool SnapshotView::readSlice(const QueryNumbers& numbers, const QDateTime& from, bool first)
 {
     SnapshotLoader loader(m_context, m_logKind);
-    const DayWalk::Result walk = loader.load(numbers, from, m_context.end);
+    const DayWalk::Result walk = loader.load(numbers, m_files, from, m_context.end);
     const bool complete = !walk.stopped && !walk.cancelled;
     if (walk.stopped)
         QueryCatalog(*m_context.scratch).setSliceEnd(numbers, walk.reached);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "LogFileEntry.h"
 #include "QueryCatalog.h"
 #include "QueryPager.h"
 #include "ViewRegistry.h"
@@ -52,6 +53,8 @@ private:
 
     QueryContext& m_context;
     int m_logKind;
+    /// The files the query reads, expanded once when it is created.
+    QList<LogFileEntry> m_files;
     QueryNumbers m_numbers;
     QueryPager m_pager;
     QHash<qint64, PageRange> m_ranges;

@@ -33,7 +33,7 @@ StatusView::Loader StatusView::withMomentSnapshot(Loader load)
     return [load = std::move(load)](QueryContext& context, QList<LogFileEntry>& files,
                                     const QueryNumbers& numbers) {
         const DayWalk::Result walk = load(context, files, numbers);
-        MomentSnapshot::read(context, numbers);
+        MomentSnapshot::read(context, files, numbers);
         return walk;
     };
 }

@@ -16,6 +16,7 @@
 #include "store/MeterDatabase.h"
 #include "store/SchemaCatalog.h"
 #include "store/TempQueryDatabase.h"
+#include "store/WallClock.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -118,7 +119,7 @@ AllLogsFrm::AllLogsFrm(RunContext& context, QWidget* parent)
 
     const DefaultSelection& stored = m_context.defaultSelection;
     m_points.loadDefaults(stored, defaultsPresent(stored));
-    m_time.read(stored, QDateTime::currentDateTime());
+    m_time.read(stored, WallClock::now());
     m_meters.setLastFolder(m_context.settings.currentPath);
 
     buildWindow();
@@ -267,14 +268,13 @@ void AllLogsFrm::installDefaultHooks()
                                        m_meters.device(0).userItemLabels)
                                  : QList<DataPointRow>{};
         SelDataPoints dialog(m_points, m_buffer, available, m_meters.usedCount(),
-                             m_context.paths.settingsFile, this);
+                             m_context.defaultSelection, m_context.paths.settingsFile, this);
         connect(&dialog, &SelDataPoints::helpRequested, this, &AllLogsFrm::helpRequested);
         return dialog.exec() == QDialog::Accepted;
     };
     runTimeRangeDialog = [this] {
-        SelTimeRange dialog(m_time, m_buffer, TimeSelection::dataBounds(m_meters),
-                            QDateTime::currentDateTime(), twentyFourHour(m_context.timeFormat),
-                            this);
+        SelTimeRange dialog(m_time, m_buffer, TimeSelection::dataBounds(m_meters), WallClock::now(),
+                            twentyFourHour(m_context.timeFormat), this);
         connect(&dialog, &SelTimeRange::helpRequested, this, &AllLogsFrm::helpRequested);
         return dialog.exec() == QDialog::Accepted;
     };
@@ -314,7 +314,7 @@ void AllLogsFrm::Command2_Click(int index)
     ViewDispatch::Request request;
     try {
         ViewDispatch::Dialogs dialogs{[this] { Command3_Click(2); }, chooseSplitLog};
-        request = m_dispatch->Command2_Click(index, QDateTime::currentDateTime(), 0, dialogs);
+        request = m_dispatch->Command2_Click(index, WallClock::now(), 0, dialogs);
     } catch (const Fault& fault) {
         userMessages().show(fault.message(), UserMessages::Icon::Critical);
         emit programEndRequested();
@@ -541,7 +541,7 @@ void AllLogsFrm::enableViewButtons()
 
 void AllLogsFrm::showSelectionTexts()
 {
-    const TimeSelection::Bounds bounds = m_time.bounds(QDateTime::currentDateTime());
+    const TimeSelection::Bounds bounds = m_time.bounds(WallClock::now());
     QString dateFormat = m_context.shortDateFormat.isEmpty() ? QStringLiteral("MM/dd/yyyy")
                                                              : m_context.shortDateFormat;
     dateFormat += QLatin1Char(' ') +

@@ -266,8 +266,8 @@ void TalHistView::refresh()
 
     m_commands[SortCommand]->setEnabled(loadedKind(kind));
     const bool loaded = m_session.loaded();
-    // Only the waveform window exists among the graph windows: the others stay disabled.
-    m_commands[GraphCommand]->setEnabled(loaded && kind == 9);
+    m_commands[GraphCommand]->setEnabled(
+        loaded && LogViewSession::graphWindowExists(LogViewSession::graphTarget(kind)));
     m_commands[HelpCommand]->setEnabled(true);
     m_commands[BackCommand]->setEnabled(true);
     m_commands[UpCommand]->setEnabled(m_session.canUp());

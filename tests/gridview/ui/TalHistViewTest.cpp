@@ -95,22 +95,27 @@ TEST(TalHistView, EveryKindShowsItsGridsThroughTheModel)
 {
     Window w;
     w.view->show();
+    using Target = LogViewSession::GraphTarget;
+    // Which window each kind hands its rows to with &Graph; the button is enabled once that
+    // window exists. A graph window that lands adds its target to `graphWindowExists`.
     struct Press
     {
         int button;
         int kind;
         const char* screenshot;
+        Target graph;
     };
-    const QList<Press> presses{{1, 3, "log-grid-snapshots"},
-                               {2, 4, nullptr},
-                               {3, 5, "log-grid-limits"},
-                               {7, 6, nullptr},
-                               {8, 7, nullptr},
-                               {11, 8, nullptr},
-                               {4, 9, "log-grid-waveform"},
-                               {5, 10, "log-grid-pq"},
-                               {12, 11, nullptr},
-                               {0, 0, "log-grid-status"}};
+    const QList<Press> presses{{1, 3, "log-grid-snapshots", Target::TrendSetup},
+                               {2, 4, nullptr, Target::TrendSetup},
+                               {3, 5, "log-grid-limits", Target::None},
+                               {7, 6, nullptr, Target::None},
+                               {8, 7, nullptr, Target::RelayTree},
+                               {11, 8, nullptr, Target::TrendSetup},
+                               {4, 9, "log-grid-waveform", Target::WaveformGraph},
+                               {5, 10, "log-grid-pq", Target::PqGraph},
+                               {12, 11, nullptr, Target::TrendSetup},
+                               {0, 0, "log-grid-status", Target::None}};
+    EXPECT_EQ(LogViewSession::graphTarget(76), Target::ComplianceChart);
     for (const Press& p : presses) {
         SCOPED_TRACE(p.button);
         w.view->showRequest(w.press(p.button), w.buffer);
@@ -121,7 +126,9 @@ TEST(TalHistView, EveryKindShowsItsGridsThroughTheModel)
         if (p.kind != 4) {
             EXPECT_GT(w.rows(0), 0) << "kind " << p.kind;
         }
-        EXPECT_EQ(w.view->command(TalHistView::GraphCommand)->isEnabled(), p.kind == 9);
+        EXPECT_EQ(LogViewSession::graphTarget(p.kind), p.graph);
+        EXPECT_EQ(w.view->command(TalHistView::GraphCommand)->isEnabled(),
+                  LogViewSession::graphWindowExists(p.graph));
         if (p.screenshot) {
             EXPECT_TRUE(saveScreenshot(w.view.get(), QString::fromLatin1(p.screenshot)));
         }

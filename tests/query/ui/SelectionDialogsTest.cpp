@@ -52,8 +52,9 @@ TEST(SelDataPoints, CapacityOkWithNothingRestoreAndDoubleClick)
     ScopedUserMessages scoped(messages);
     TopQueryBuffer buffer;
     DataPointSelection points;
+    DefaultSelection stored;
     {
-        SelDataPoints dialog(points, buffer, numberedPoints(70), 2, QString());
+        SelDataPoints dialog(points, buffer, numberedPoints(70), 2, stored, QString());
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Select Data Points"));
         EXPECT_EQ(dialog.grid(1)->horizontalHeaderItem(0)->text(), QStringLiteral("Data ID"));
         EXPECT_EQ(dialog.grid(2)->horizontalHeaderItem(1)->text(), QStringLiteral("Data Name"));
@@ -74,7 +75,7 @@ TEST(SelDataPoints, CapacityOkWithNothingRestoreAndDoubleClick)
     }
     {
         // With one meter the same 64th row fits.
-        SelDataPoints dialog(points, buffer, numberedPoints(70), 1, QString());
+        SelDataPoints dialog(points, buffer, numberedPoints(70), 1, stored, QString());
         messages.clear();
         dialog.Command1_Click(7);
         EXPECT_TRUE(messages.texts().isEmpty());
@@ -82,7 +83,7 @@ TEST(SelDataPoints, CapacityOkWithNothingRestoreAndDoubleClick)
     }
 
     buffer.setRow(1, {5, 1, {}, {}, 0});
-    SelDataPoints dialog(points, buffer, numberedPoints(10), 1, QString());
+    SelDataPoints dialog(points, buffer, numberedPoints(10), 1, stored, QString());
     emit dialog.grid(1)->cellDoubleClicked(3, 0);
     emit dialog.grid(1)->cellDoubleClicked(0, 1);
     EXPECT_EQ(ids(dialog.grid(2)), (QList<qint32>{20003, 20000}));
@@ -112,7 +113,7 @@ TEST(SelDataPoints, ShowsTheSimulatedMetersPoints)
         window.meters().usedFiles(), *f.context.dictionary, false, {});
     ASSERT_GT(available.size(), 10);
     SelDataPoints dialog(window.dataPoints(), window.topQueryBuffer(), available, 1,
-                         f.context.paths.settingsFile);
+                         f.context.defaultSelection, f.context.paths.settingsFile);
     for (int row : {4, 2, 0}) {
         dialog.grid(1)->selectRow(row);
         dialog.Command1_Click(5);
@@ -121,6 +122,13 @@ TEST(SelDataPoints, ShowsTheSimulatedMetersPoints)
     EXPECT_FALSE(dialog.grid(2)->item(0, 1)->text().isEmpty()) << "named by the dictionary";
     dialog.Command1_Click(4);
     EXPECT_EQ(f.messages.texts().value(0), QStringLiteral("Default Data Points Saved."));
+    // Fault: the run's stored defaults kept the start-up list, so the next meter loaded that.
+    QList<qint32> stored;
+    for (qint32 id : f.context.defaultSelection.dataIds) {
+        if (id > 0)
+            stored << id;
+    }
+    EXPECT_EQ(stored, ids(dialog.grid(2)));
     dialog.resize(860, 520);
     dialog.show();
     EXPECT_TRUE(lorvane::test::saveScreenshot(&dialog, QStringLiteral("select-data-points")));

@@ -297,7 +297,7 @@ TEST(SelectionWindow, DataPointButtonRunsDialogAndShowsTheCount)
         const QList<DataPointRow> available = DataPointSelection::available(
             window.meters().usedFiles(), *f.context.dictionary, false, {});
         SelDataPoints dialog(window.dataPoints(), window.topQueryBuffer(), available, 1,
-                             f.context.paths.settingsFile);
+                             f.context.defaultSelection, f.context.paths.settingsFile);
         dialog.grid(1)->selectRow(0);
         dialog.Command1_Click(5);
         dialog.grid(1)->selectRow(0);
