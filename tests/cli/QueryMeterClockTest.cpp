@@ -119,8 +119,9 @@ TEST(QueryMeterClock, SplitLogMeterShowsEveryLogThroughItsMasterLog)
         SCOPED_TRACE(c.view);
         const QJsonArray list = grids(QStringList{QString::fromLatin1(c.view)} + range);
         EXPECT_GE(rowsOf(list, QString::fromLatin1(c.logCaption)), 0);
-        if (c.momentSnapshot || QLatin1String(c.view) == QLatin1String("snapshots"))
+        if (c.momentSnapshot || QLatin1String(c.view) == QLatin1String("snapshots")) {
             EXPECT_EQ(rowsOf(list, QStringLiteral("Show Snapshots")), instants);
+        }
     }
 }
 
@@ -143,11 +144,11 @@ TEST(QueryMeterClock, SummerTimeOfThePcChangesNoMeterReading)
 
     const QString autumn = simulate(QStringLiteral("standard"), QStringLiteral("Autumn.DB"),
                                     QStringLiteral("2024-10-27"));
-    // From the last record of the day (late evening) back across the doubled hour: the rows
-    // shown must not depend on the PC's zone.
+    // From the last record of the day (23:55) 22 wall-clock hours back to 01:55, before the
+    // doubled hour: counted in the PC's zone, the start fell on 02:55 instead.
     const QStringList lastHours{
         QStringLiteral("snapshots"), QStringLiteral("--meter"), autumn,
-        QStringLiteral("--last"),    QStringLiteral("21"),      QStringLiteral("hours")};
+        QStringLiteral("--last"),    QStringLiteral("22"),      QStringLiteral("hours")};
     const qsizetype inUtc =
         rowsOf(grids(lastHours, {QStringLiteral("TZ=UTC")}), QStringLiteral("Show Snapshots"));
     EXPECT_GT(inUtc, 12 * 20);
