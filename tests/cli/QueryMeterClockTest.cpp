@@ -144,11 +144,11 @@ TEST(QueryMeterClock, SummerTimeOfThePcChangesNoMeterReading)
 
     const QString autumn = simulate(QStringLiteral("standard"), QStringLiteral("Autumn.DB"),
                                     QStringLiteral("2024-10-27"));
-    // From the last record of the day (23:55) 22 wall-clock hours back to 01:55, before the
-    // doubled hour: counted in the PC's zone, the start fell on 02:55 instead.
+    // From the end of the day (midnight) 23 wall-clock hours back to 01:00, before the doubled
+    // hour: counted in the PC's zone, the start fell on 02:00 instead.
     const QStringList lastHours{
         QStringLiteral("snapshots"), QStringLiteral("--meter"), autumn,
-        QStringLiteral("--last"),    QStringLiteral("22"),      QStringLiteral("hours")};
+        QStringLiteral("--last"),    QStringLiteral("23"),      QStringLiteral("hours")};
     const qsizetype inUtc =
         rowsOf(grids(lastHours, {QStringLiteral("TZ=UTC")}), QStringLiteral("Show Snapshots"));
     EXPECT_GT(inUtc, 12 * 20);
