@@ -71,7 +71,7 @@ Fault damagedDay(const StorageError& error, const QString& schema, const LogFile
 } // namespace
 
 DayWalk::DayWalk(TempQueryDatabase& scratch, LoadProgress& progress)
-    : m_scratch(scratch), m_progress(progress)
+    : m_scratch(scratch), m_progress(progress), m_countWord(userText("300019", "data points"))
 {
 }
 
@@ -192,8 +192,8 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
         }
         m_progress.status(userText("300020", "At") + QLatin1Char(' ') + dateText(day) +
                           QStringLiteral(", ") + userText("300018", "you have") + QLatin1Char(' ') +
-                          QString::number(result.rows) + QLatin1Char(' ') +
-                          userText("300019", "data points") + QLatin1Char('.'));
+                          QString::number(result.rows) + QLatin1Char(' ') + m_countWord +
+                          QLatin1Char('.'));
         if (m_progress.cancelRequested()) {
             result.cancelled = true;
             result.reached = descending ? dayStart : dayEnd;

@@ -79,6 +79,10 @@ public:
     Result run(QList<LogFileEntry>& files, const QString& masterTable, const QString& word,
                const QDateTime& start, const QDateTime& end, bool descending, const Visitor& visit);
 
+    /// The word the day's progress counts in ("At {day}, you have {n} {word}."); "data
+    /// points" unless set.
+    void countsIn(const QString& word) { m_countWord = word; }
+
     /// "Update {table} Set [DeviceIndex]={index} Where [DeviceIndex]<0": stamps the rows a
     /// visit inserted with their file's device index (from 1).
     static void stampDevice(SqliteDatabase& db, const QString& table, qint64 deviceIndex);
@@ -90,6 +94,7 @@ public:
 private:
     TempQueryDatabase& m_scratch;
     LoadProgress& m_progress;
+    QString m_countWord;
 };
 
 } // namespace lorvane

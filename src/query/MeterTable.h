@@ -63,6 +63,10 @@ public:
     /// Path of the current Device Master Log (`.dml`), empty when none is open.
     const QString& deviceMasterLog() const { return m_deviceMasterLog; }
     void setDeviceMasterLog(const QString& path) { m_deviceMasterLog = path; }
+    /// The log database last chosen from the Device Master Log window; "Select Log" opens it
+    /// again. Empty until one was chosen.
+    const QString& storedDevicePath() const { return m_storedDevicePath; }
+    void setStoredDevicePath(const QString& path) { m_storedDevicePath = path; }
     /// The folder the file dialog starts in next time.
     const QString& lastFolder() const { return m_lastFolder; }
     void setLastFolder(const QString& folder) { m_lastFolder = folder; }
@@ -72,6 +76,7 @@ private:
     QList<int> m_combo;
     bool m_meter2Selectable = true;
     QString m_deviceMasterLog;
+    QString m_storedDevicePath;
     QString m_lastFolder;
 };
 

@@ -85,9 +85,10 @@ QueryNumbers QueryCatalog::createQuery(const QDateTime& start, const QDateTime& 
                                        const QList<LogFileEntry>& files)
 {
     SqliteDatabase& db = m_scratch.database();
+    // The catalogue keeps the range in time order; the direction belongs to the view.
     db.execute(QStringLiteral("INSERT INTO AllQueries ([StartDate/Time], [EndDate/Time], "
                               "[QueryType]) VALUES (?, ?, ?)"),
-               {stamp(start), stamp(end), queryType});
+               {stamp(std::min(start, end)), stamp(std::max(start, end)), queryType});
     QueryNumbers numbers;
     numbers.query = db.lastInsertRowId();
 

@@ -149,6 +149,7 @@ ViewDispatch::Request ViewDispatch::Command2_Click(int button, const QDateTime& 
             request.action = Action::SplitLogNeeded;
             return request;
         }
+        m_meters.setStoredDevicePath(chosen);
         const AddFileToSystem::Outcome added =
             m_addFile.run(chosen, QFileInfo(chosen).fileName(), 0);
         request.messages << added.messages;

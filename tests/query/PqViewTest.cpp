@@ -6,6 +6,7 @@
 
 #include "WaveformSimMeters.h"
 #include "platform/SqliteDatabase.h"
+#include "query/LoadProgress.h"
 #include "query/PqGrid.h"
 #include "query/QueryContext.h"
 #include "query/SetupRecordViews.h"
@@ -127,6 +128,22 @@ TEST(PqView, RecordsLinksAndCapturesOfOneMeterFile)
     WaveformSimMeters sim;
     checkPqView(sim, WaveformSimMeters::standard(), WaveformSimMeters::standard().dbPath,
                 QStringLiteral("Main Switchboard"));
+
+    // Fault: the day's progress counted PQ records and captures as "data points".
+    struct Lines : LoadProgress
+    {
+        void status(const QString& text) override { lines << text; }
+        bool cancelRequested() override { return false; }
+        QStringList lines;
+    } progress;
+    QueryContext context =
+        sim.context({WaveformSimMeters::standard()}, "2024-03-04 00:00:00", "2024-03-05 23:59:59");
+    context.progress = &progress;
+    PqView::run(context);
+    const QStringList days = progress.lines.filter(QStringLiteral(", you have "));
+    ASSERT_FALSE(days.isEmpty());
+    for (const QString& line : days)
+        EXPECT_TRUE(line.endsWith(QStringLiteral(" captures."))) << line.toStdString();
 }
 
 TEST(PqView, SplitMeterLinksItsPqFileWithItsCaptureFiles)

@@ -10,6 +10,7 @@
 #include "query/SelectionCheck.h"
 #include "query/TimeSelection.h"
 #include "query/TopQueryBuffer.h"
+#include "store/WallClock.h"
 #include "support/MeterFileBuilder.h"
 
 #include <QFile>
@@ -70,9 +71,9 @@ TEST(ViewDispatch, SelectionMessagesRangeAndBufferedLoads)
     r = w.dispatch.Command2_Click(1, now, 1, {});
     ASSERT_EQ(r.action, ViewDispatch::Action::Grid);
     EXPECT_EQ(r.logKind, 3);
-    EXPECT_EQ(r.start, QDateTime(QDate(2024, 3, 20), QTime(14, 37, 59)))
+    EXPECT_EQ(r.start, WallClock::at(QDate(2024, 3, 20), QTime(14, 37, 59)))
         << "59 seconds past the end, descending puts the end first";
-    EXPECT_EQ(r.end, QDateTime(QDate(2024, 3, 20), QTime(13, 37, 0)));
+    EXPECT_EQ(r.end, WallClock::at(QDate(2024, 3, 20), QTime(13, 37, 0)));
     EXPECT_EQ(r.itemIds, (QList<qint32>{20617, 20618}));
     EXPECT_EQ(r.itemsCounter, 2);
     ASSERT_EQ(r.files.size(), 1);

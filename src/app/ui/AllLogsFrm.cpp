@@ -181,7 +181,12 @@ void AllLogsFrm::buildWindow()
     m_dmlButton->setObjectName(QStringLiteral("cmd_DML_Select"));
     m_dmlButton->setToolTip(userText("310076", "Choose another log of the Device Master Log"));
     connect(m_dmlButton, &QPushButton::clicked, this, [this] {
-        const QString chosen = chooseSplitLog(splitLogMarker());
+        // The log chosen before opens again; only without one is the choice offered.
+        QString chosen = m_meters.storedDevicePath();
+        if (chosen.isEmpty()) {
+            chosen = chooseSplitLog(splitLogMarker());
+            m_meters.setStoredDevicePath(chosen);
+        }
         if (!chosen.isEmpty() && openMeterFile(chosen, 0)) {
             // The chosen log belongs to the split-log meter, which stays alone.
             m_meters.setMeter2Selectable(false);

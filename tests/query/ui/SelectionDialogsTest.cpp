@@ -9,6 +9,7 @@
 #include "query/ui/SelTimeRange.h"
 #include "query/ui/frmDeviceMasterLog.h"
 #include "query/ui/selDateTime.h"
+#include "store/WallClock.h"
 #include "support/ui/Screenshot.h"
 
 #include <QDateEdit>
@@ -182,8 +183,15 @@ TEST(SelTimeRange, IntervalBoundsSwappedBetweenAndCalendarPicker)
         << "editing a bound chooses Between";
     between.OK_Click();
     EXPECT_EQ(time.option(), TimeSelection::Between);
-    EXPECT_EQ(time.startTime(), QDateTime(QDate(2024, 3, 4), QTime(6, 15)));
-    EXPECT_EQ(time.endTime(), QDateTime(QDate(2024, 3, 5), QTime(18, 30)));
+    EXPECT_EQ(time.startTime(), WallClock::at(QDate(2024, 3, 4), QTime(6, 15)));
+    EXPECT_EQ(time.endTime(), WallClock::at(QDate(2024, 3, 5), QTime(18, 30)));
+
+    // Fault: Between dropped the seconds of a bound taken from the data (23:59:59).
+    SelTimeRange whole(time, buffer, data, now, true);
+    whole.findChild<QTimeEdit*>(QStringLiteral("DTPicker1_2"))->setTime(data.end.time());
+    whole.findChild<QDateEdit*>(QStringLiteral("DTPicker1_3"))->setDate(data.end.date());
+    whole.OK_Click();
+    EXPECT_EQ(time.endTime(), data.end);
 
     // The calendar picker of the end bound fills both end pickers.
     SelTimeRange picked(time, buffer, data, now, true);
@@ -223,7 +231,7 @@ TEST(selDateTime, HeadingsClockLabelsAndUnsetTime)
     EXPECT_EQ(label(day, QStringLiteral("SliderEnd2")), QStringLiteral("23:59"));
     day.setDateTime(QDateTime(QDate(2024, 3, 4), QTime(13, 45, 30)));
     EXPECT_EQ(label(day, QStringLiteral("TimeText")), QStringLiteral("13:45"));
-    EXPECT_EQ(day.dateTime(), QDateTime(QDate(2024, 3, 4), QTime(13, 45)));
+    EXPECT_EQ(day.dateTime(), WallClock::at(QDate(2024, 3, 4), QTime(13, 45)));
     day.OK_Click();
     EXPECT_EQ(day.result(), QDialog::Accepted);
     day.show();

@@ -153,6 +153,11 @@ TEST(SelectionWindow, ButtonsFollowMeterKindAndDeviceMasterLogHidesMeter2)
     button(window, QStringLiteral("cmd_DML_Select"))->click();
     EXPECT_TRUE(asked.endsWith(QStringLiteral(".dml"))) << asked.toStdString();
     EXPECT_TRUE(combo2->isHidden());
+    // Fault: a second press asked again; it opens the log chosen before.
+    asked.clear();
+    button(window, QStringLiteral("cmd_DML_Select"))->click();
+    EXPECT_TRUE(asked.isEmpty());
+    EXPECT_EQ(window.meters().storedDevicePath(), window.meters().device(0).filePath);
 
     ASSERT_TRUE(window.openMeterFile(f.sim.meter(QStringLiteral("standard")), 0));
     EXPECT_FALSE(combo2->isHidden()) << "a plain file makes meter 2 selectable again";
