@@ -29,7 +29,7 @@ QueryContext snapshotContext(const QueryContext& context)
     return snapshots;
 }
 
-constexpr int kind = static_cast<int>(LogKind::Snapshots);
+constexpr LogKind kind = LogKind::Snapshots;
 
 } // namespace
 

@@ -31,15 +31,15 @@ bool attachedTableExists(SqliteDatabase& db, const QString& schema, const QStrin
 
 } // namespace
 
-SnapshotLoader::SnapshotLoader(QueryContext& context, int logKind)
+SnapshotLoader::SnapshotLoader(QueryContext& context, LogKind logKind)
     : m_context(context), m_logKind(logKind)
 {
 }
 
-QString SnapshotLoader::masterTable(int logKind)
+QString SnapshotLoader::masterTable(LogKind logKind)
 {
-    return logKind == int(LogKind::Demand) ? QStringLiteral("AllEnergyDemandLogs")
-                                           : QStringLiteral("AllHistoricalLogs");
+    return logKind == LogKind::Demand ? QStringLiteral("AllEnergyDemandLogs")
+                                      : QStringLiteral("AllHistoricalLogs");
 }
 
 QString SnapshotLoader::filterSql() const
@@ -88,8 +88,8 @@ DayWalk::Result SnapshotLoader::load(const QueryNumbers& numbers, QList<LogFileE
     SilentProgress silent;
     LoadProgress& progress = m_context.progress ? *m_context.progress : silent;
     DayWalk walk(*m_context.scratch, progress);
-    const QString word = m_logKind == int(LogKind::Demand) ? userText("302001", "demand")
-                                                           : userText("302002", "snapshots");
+    const QString word = m_logKind == LogKind::Demand ? userText("302001", "demand")
+                                                      : userText("302002", "snapshots");
     DayWalk::Result result =
         walk.run(files, masterTable(m_logKind), word, from, to, m_context.descending,
                  [this](const DayVisit& v) { return visit(v); });
@@ -147,7 +147,7 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
                                 const QDateTime& to)
 {
     SqliteDatabase& db = m_context.scratch->database();
-    const LogKind kind = LogKind(m_logKind);
+    const LogKind kind = m_logKind;
     const QString timeTable = SchemaCatalog::hourTimeIndexTable(kind, v.row.logTablesIndex, hour);
     const QString valueTable = SchemaCatalog::hourValueTable(kind, v.row.logTablesIndex, hour);
     // An hour flagged without its tables holds nothing to read.

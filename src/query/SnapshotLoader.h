@@ -3,6 +3,7 @@
 
 #include "DayWalk.h"
 #include "QueryCatalog.h"
+#include "store/LogKind.h"
 
 #include <QDateTime>
 #include <QSet>
@@ -21,9 +22,9 @@ class SqliteDatabase;
 class SnapshotLoader
 {
 public:
-    /// `logKind` 3 (snapshots, master `AllHistoricalLogs`) or 4 (energy/demand,
+    /// `logKind` Snapshots (master `AllHistoricalLogs`) or Demand (energy/demand,
     /// `AllEnergyDemandLogs`). The context must outlive the loader.
-    SnapshotLoader(QueryContext& context, int logKind);
+    SnapshotLoader(QueryContext& context, LogKind logKind);
 
     /// Loads slice `numbers` over the range from `from` to `to` in the view's direction
     /// (`from` later than `to` when descending). The result's `stopped` says the budget ended
@@ -34,7 +35,7 @@ public:
                          const QDateTime& from, const QDateTime& to);
 
     /// The master table of a snapshot kind.
-    static QString masterTable(int logKind);
+    static QString masterTable(LogKind logKind);
 
 private:
     VisitResult visit(const DayVisit& visit);
@@ -52,7 +53,7 @@ private:
     QVariantList filterValues() const;
 
     QueryContext& m_context;
-    int m_logKind;
+    LogKind m_logKind;
     QueryNumbers m_numbers;
     QString m_target;
     QString m_timeIndex;

@@ -11,22 +11,22 @@
 
 namespace lorvane {
 
-SnapshotView::SnapshotView(QueryContext& context, int logKind)
+SnapshotView::SnapshotView(QueryContext& context, LogKind logKind)
     : m_context(context), m_logKind(logKind)
 {
 }
 
-QString SnapshotView::caption(int logKind)
+QString SnapshotView::caption(LogKind logKind)
 {
-    return logKind == int(LogKind::Demand) ? userText("402008", "Show Energy && Demand")
-                                           : userText("402009", "Show Snapshots");
+    return logKind == LogKind::Demand ? userText("402008", "Show Energy && Demand")
+                                      : userText("402009", "Show Snapshots");
 }
 
 ViewResult SnapshotView::load()
 {
     QueryCatalog catalog(*m_context.scratch);
     // A split-log meter reads its interval logs: the query's devices are the expanded files.
-    m_files = LogFileList::expand(m_context.files, m_logKind);
+    m_files = LogFileList::expand(m_context.files, int(m_logKind));
     m_numbers = catalog.createQuery(m_context.start, m_context.end, m_logKind, m_files);
     m_ranges.clear();
     m_noData = false;
@@ -124,7 +124,8 @@ ViewResult SnapshotView::current() const
     return result;
 }
 
-QList<ViewResult> SnapshotView::run(QueryContext& context, const ViewRequest& request, int logKind)
+QList<ViewResult> SnapshotView::run(QueryContext& context, const ViewRequest& request,
+                                    LogKind logKind)
 {
     SnapshotView view(context, logKind);
     QList<ViewResult> pages{view.load()};

@@ -91,10 +91,10 @@ ViewDispatch::ViewDispatch(MeterTable& meters, DataPointSelection& points, TimeS
 {
 }
 
-int ViewDispatch::logKindOf(int button)
+LogKind ViewDispatch::logKindOf(int button)
 {
     const GridView* view = gridView(button);
-    return view ? static_cast<int>(view->kind) : -1;
+    return view ? view->kind : LogKind::DatabaseStatus;
 }
 
 int ViewDispatch::subKindOf(int button)
@@ -182,7 +182,7 @@ ViewDispatch::Request ViewDispatch::Command2_Click(int button, const QDateTime& 
     request.usesDataPoints = !(button == ViewButtons::EN50160 && m_meters.splitLogMeterUsed());
 
     request.action = Action::Grid;
-    request.fresh = request.logKind == 0 || !m_buffer.holds(button);
+    request.fresh = request.logKind == LogKind::DatabaseStatus || !m_buffer.holds(button);
     return request;
 }
 

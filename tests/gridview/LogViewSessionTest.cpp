@@ -115,7 +115,7 @@ TEST(LogViewSession, ABufferedPressReadsNoMeterFile)
     again.fresh = false;
     session.setRequest(again, &buffer);
     session.LoadQuery(false, nullptr);
-    EXPECT_EQ(session.logKind(), 3);
+    EXPECT_EQ(session.logKind(), LogKind::Snapshots);
     EXPECT_FALSE(session.result().grids.first().rows.isEmpty());
 
     again = press(limitButton, meter);
@@ -250,7 +250,7 @@ TEST(LogViewSession, CaptionsTitlesAndGraphMessagesOfEachKind)
     };
     for (const Expect& e : kinds) {
         SCOPED_TRACE(e.button);
-        const int kind = ViewDispatch::logKindOf(e.button);
+        const LogKind kind = ViewDispatch::logKindOf(e.button);
         EXPECT_EQ(LogViewSession::captions(kind).first(), QString::fromLatin1(e.caption));
         EXPECT_EQ(LogViewSession::helpTopic(kind), QString::fromLatin1(e.help));
         // An empty range: headings only, "No data found", and the kind's empty message.
@@ -263,14 +263,14 @@ TEST(LogViewSession, CaptionsTitlesAndGraphMessagesOfEachKind)
         EXPECT_FALSE(session.result().grids.first().columns.isEmpty());
         EXPECT_EQ(session.graph(-1).message, QString::fromLatin1(e.emptyGraph));
     }
-    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), 0),
+    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), LogKind::DatabaseStatus),
               QStringLiteral("Lorvane - [Database Status]"));
-    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), 4),
+    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), LogKind::Demand),
               QStringLiteral("Lorvane - [Demands]"));
     EXPECT_EQ(
-        LogViewSession::captions(10),
+        LogViewSession::captions(LogKind::PowerQuality),
         (QStringList{QStringLiteral("Show PQs"), QStringLiteral("Show PQ/Waveform Settings")}));
-    EXPECT_EQ(LogViewSession::helpTopic(76), QStringLiteral("LREN50160Log"));
+    EXPECT_EQ(LogViewSession::helpTopic(LogKind::EN50160), QStringLiteral("LREN50160Log"));
 }
 
 TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)

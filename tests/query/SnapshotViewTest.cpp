@@ -164,7 +164,7 @@ TEST(SnapshotView, ScaledEnergyValuesShowTheirDecimalsAndUnitPrefix)
     f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
     for (const bool scaled : {true, false}) {
         f.context.useScaledFormats = scaled;
-        const GridTable grid = SnapshotView(f.context, 3).load().grids.first();
+        const GridTable grid = SnapshotView(f.context, LogKind::Snapshots).load().grids.first();
         ASSERT_EQ(grid.columns.mid(4), (QStringList{"1_20617", "1_26003"}));
         EXPECT_EQ(grid.rows.first().mid(4), scaled ? (QStringList{"230.50", "250,131.123 M"})
                                                    : (QStringList{"230.50", "250,131.12"}));
@@ -183,7 +183,7 @@ TEST(SnapshotView, DoubledHourShowsEachInstantOnceInTheModeBeingRead)
                                         {"2024-11-03 02:00:00", 0, {{20617, 123.0}}}});
     f.context.files = {entry(path, QStringLiteral("A"), 0)};
     f.range("2024-11-03 00:00:00", "2024-11-03 23:59:59");
-    SnapshotView view(f.context, 3);
+    SnapshotView view(f.context, LogKind::Snapshots);
     const ViewResult result = view.load();
     ASSERT_EQ(result.grids.size(), 1);
     const GridTable& grid = result.grids.first();
@@ -194,7 +194,7 @@ TEST(SnapshotView, DoubledHourShowsEachInstantOnceInTheModeBeingRead)
     // Read backwards, the standard-time readings are the ones being read.
     f.context.descending = true;
     f.range("2024-11-03 23:59:59", "2024-11-03 00:00:00");
-    SnapshotView back(f.context, 3);
+    SnapshotView back(f.context, LogKind::Snapshots);
     EXPECT_EQ(column(back.load().grids.first(), 4),
               (QStringList{"123.00", "902.00", "901.00", "120.00"}));
 }
@@ -212,7 +212,7 @@ TEST(SnapshotView, TwoMetersShareLinesAndColumnsFollowThePivotOrder)
                        entry(b, QStringLiteral("Meter B"), 1)};
     f.context.files[1].deviceTypeId = 6;
     f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
-    const GridTable grid = SnapshotView(f.context, 3).load().grids.first();
+    const GridTable grid = SnapshotView(f.context, LogKind::Snapshots).load().grids.first();
     EXPECT_EQ(grid.columns, (QStringList{"Date/Time", "DTmode", "Record Type", "Profile Index",
                                          "1_20617", "1_21017", "2_21401"}));
     ASSERT_EQ(grid.headingRows.size(), 2);
@@ -229,7 +229,7 @@ TEST(SnapshotView, TwoMetersShareLinesAndColumnsFollowThePivotOrder)
     f.context.sortColumn = QStringLiteral("1_20617");
     f.context.descending = true;
     f.range("2024-03-04 23:59:59", "2024-03-04 00:00:00");
-    EXPECT_EQ(column(SnapshotView(f.context, 3).load().grids.first(), 4),
+    EXPECT_EQ(column(SnapshotView(f.context, LogKind::Snapshots).load().grids.first(), 4),
               (QStringList{"121.00", "120.00"}));
 }
 
@@ -248,7 +248,7 @@ TEST(SnapshotView, PagesAtTheBudgetGoOnFromTheReachedTimeAndRereadNoMeterFile)
     f.context.files = {entry(path, QStringLiteral("A"), 0)};
     f.context.tempLogRecSize = 7; // two whole instants and a third cut short
     f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
-    SnapshotView view(f.context, 3);
+    SnapshotView view(f.context, LogKind::Snapshots);
     const ViewResult first = view.load();
     EXPECT_EQ(column(first.grids.first(), 4), (QStringList{"1.00", "2.00"}));
     EXPECT_FALSE(first.allRead);
@@ -338,7 +338,7 @@ TEST(SnapshotView, GroupByTypeAndEqualValuesKeepTimeOrder)
             f.range("2024-03-04 23:59:59", "2024-03-04 00:00:00");
         else
             f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
-        const GridTable grid = SnapshotView(f.context, 3).load().grids.first();
+        const GridTable grid = SnapshotView(f.context, LogKind::Snapshots).load().grids.first();
         QStringList order;
         for (qsizetype i = 0; i < grid.rows.size(); ++i)
             order
@@ -355,7 +355,7 @@ TEST(SnapshotView, EmptyRangesAndPointsTheMeterLacksShowNoData)
         snapshotMeter(f.dir, QStringLiteral("A.DB"), {{"2024-03-04 10:00:00", 0, {{20617, 1.0}}}});
     f.context.files = {entry(path, QStringLiteral("A"), 0)};
     f.range("2024-05-01 00:00:00", "2024-05-02 23:59:59");
-    const ViewResult empty = SnapshotView(f.context, 3).load();
+    const ViewResult empty = SnapshotView(f.context, LogKind::Snapshots).load();
     EXPECT_TRUE(empty.noData);
     EXPECT_TRUE(empty.rangeText.startsWith(QStringLiteral("No data found: ")));
     EXPECT_EQ(empty.grids.first().columns.size(), 4);
@@ -363,9 +363,9 @@ TEST(SnapshotView, EmptyRangesAndPointsTheMeterLacksShowNoData)
 
     f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
     f.context.dataIds = {99999};
-    const ViewResult missing = SnapshotView(f.context, 3).load();
+    const ViewResult missing = SnapshotView(f.context, LogKind::Snapshots).load();
     EXPECT_TRUE(missing.noData);
     EXPECT_TRUE(missing.grids.first().rows.isEmpty());
     f.context.dataIds = {20617, 99999};
-    EXPECT_EQ(SnapshotView(f.context, 3).load().grids.first().columns.size(), 5);
+    EXPECT_EQ(SnapshotView(f.context, LogKind::Snapshots).load().grids.first().columns.size(), 5);
 }

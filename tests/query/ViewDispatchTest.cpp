@@ -70,7 +70,7 @@ TEST(ViewDispatch, SelectionMessagesRangeAndBufferedLoads)
     w.selectPoints({20617, 20618});
     r = w.dispatch.Command2_Click(1, now, 1, {});
     ASSERT_EQ(r.action, ViewDispatch::Action::Grid);
-    EXPECT_EQ(r.logKind, 3);
+    EXPECT_EQ(r.logKind, LogKind::Snapshots);
     EXPECT_EQ(r.start, WallClock::at(QDate(2024, 3, 20), QTime(14, 37, 59)))
         << "59 seconds past the end, descending puts the end first";
     EXPECT_EQ(r.end, WallClock::at(QDate(2024, 3, 20), QTime(13, 37, 0)));

@@ -183,7 +183,7 @@ TEST(SelectionWindow, SnapshotsPressRequestsFreshThenBufferedView)
     ASSERT_EQ(spy.count(), 1) << f.messages.texts().join('\n').toStdString();
     auto request = spy.at(0).at(0).value<ViewDispatch::Request>();
     EXPECT_EQ(request.action, ViewDispatch::Action::Grid);
-    EXPECT_EQ(request.logKind, 3);
+    EXPECT_EQ(request.logKind, LogKind::Snapshots);
     EXPECT_EQ(request.button, 1);
     EXPECT_EQ(request.itemIds, (QList<qint32>{20617, 20618}));
     ASSERT_EQ(request.files.size(), 1);
