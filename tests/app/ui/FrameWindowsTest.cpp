@@ -31,6 +31,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+using lorvane::LogKind;
 using lorvane::RecordedMessages;
 using lorvane::TalLorvane;
 using lorvane::test::ScopedEnvironment;
