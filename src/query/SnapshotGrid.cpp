@@ -39,7 +39,9 @@ QString devData(qint64 device, qint64 dataId)
 
 } // namespace
 
-SnapshotGrid::SnapshotGrid(const QueryContext& context) : m_context(context), m_dateTime(QLocale())
+SnapshotGrid::SnapshotGrid(const QueryContext& context)
+    : m_context(context), m_dateTime(QLocale()),
+      m_plainPattern(ValueFormat::settingsPattern(context.dataFormat))
 {
     if (!context.dictionary)
         return;
@@ -69,25 +71,34 @@ QString SnapshotGrid::cellText(double value, qint64 deviceIndex, qint32 dataId, 
                                const QHash<QString, ScaledEnergyFormat>& scaledFormats) const
 {
     const QLocale& locale = m_dateTime.locale();
-    const QString plain = ValueFormat::settingsPattern(m_context.dataFormat);
-    const std::optional<DeviceDataLookUp::Entry> kind = m_lookUp.find(dataId);
-    if (kind && kind->type == DeviceDataLookUp::PowerFactorBand)
-        return ValueFormat::powerFactorText(value, plain, locale);
-    if (m_context.useScaledFormats) {
-        if (const std::optional<DeviceScaledFormats::Entry> scaled = m_scaledFormats.find(dataId)) {
-            const QString key =
-                QStringLiteral("%1/%2/%3").arg(deviceIndex).arg(profileIndex).arg(scaled->formatId);
-            const auto format = scaledFormats.constFind(key);
-            if (format != scaledFormats.constEnd()) {
-                // The meter logs the value in the unit its format names: the prefix goes
-                // with the number, never a rescaling.
-                const QString prefix = format->unitPrefix();
-                const QString number = ValueFormat::text(value, format->pattern(), locale);
-                return prefix.isEmpty() ? number : number + QLatin1Char(' ') + prefix;
-            }
+    // The dictionary's rule of a point is looked up once per point, not once per cell.
+    auto rule = m_rules.constFind(dataId);
+    if (rule == m_rules.constEnd()) {
+        PointRule found;
+        const std::optional<DeviceDataLookUp::Entry> kind = m_lookUp.find(dataId);
+        found.powerFactor = kind && kind->type == DeviceDataLookUp::PowerFactorBand;
+        if (m_context.useScaledFormats) {
+            if (const std::optional<DeviceScaledFormats::Entry> scaled =
+                    m_scaledFormats.find(dataId))
+                found.formatId = scaled->formatId;
+        }
+        rule = m_rules.insert(dataId, found);
+    }
+    if (rule->powerFactor)
+        return ValueFormat::powerFactorText(value, m_plainPattern, locale);
+    if (rule->formatId >= 0) {
+        const QString key =
+            QStringLiteral("%1/%2/%3").arg(deviceIndex).arg(profileIndex).arg(rule->formatId);
+        const auto format = scaledFormats.constFind(key);
+        if (format != scaledFormats.constEnd()) {
+            // The meter logs the value in the unit its format names: the prefix goes with
+            // the number, never a rescaling.
+            const QString prefix = format->unitPrefix();
+            const QString number = ValueFormat::text(value, format->pattern(), locale);
+            return prefix.isEmpty() ? number : number + QLatin1Char(' ') + prefix;
         }
     }
-    return ValueFormat::text(value, plain, locale);
+    return ValueFormat::text(value, m_plainPattern, locale);
 }
 
 GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption) const

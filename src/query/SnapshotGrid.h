@@ -40,11 +40,20 @@ private:
                      const QHash<QString, ScaledEnergyFormat>& scaledFormats) const;
     QString label(qint32 dataId) const;
 
+    /// How the cells of one data point are formatted, from the dictionary.
+    struct PointRule
+    {
+        bool powerFactor = false;
+        qint32 formatId = -1; ///< the scaled format's id, -1 for none
+    };
+
     const QueryContext& m_context;
     DateTimeText m_dateTime;
+    QString m_plainPattern;
     DeviceDataLookUp m_lookUp;
     DeviceScaledFormats m_scaledFormats;
     mutable QHash<qint32, QString> m_labels;
+    mutable QHash<qint32, PointRule> m_rules;
 };
 
 } // namespace lorvane
