@@ -56,6 +56,8 @@ public:
     QString selectedDeviceType() const;
     /// A split-log meter is among the used entries.
     bool splitLogMeterUsed() const;
+    /// The entry (from 0) of the first used split-log meter; -1 when none is used.
+    int splitLogMeterIndex() const;
 
     /// False while a Device Master Log is meter 1: the meter 2 controls are hidden then.
     bool meter2Selectable() const { return m_meter2Selectable; }

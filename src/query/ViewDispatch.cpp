@@ -150,10 +150,13 @@ ViewDispatch::Request ViewDispatch::Command2_Click(int button, const QDateTime& 
             return request;
         }
         m_meters.setStoredDevicePath(chosen);
+        // The chosen log replaces the split-log meter's own entry, never the other meter.
+        const int splitMeter = m_meters.splitLogMeterIndex();
         const AddFileToSystem::Outcome added =
-            m_addFile.run(chosen, QFileInfo(chosen).fileName(), 0);
+            m_addFile.run(chosen, QFileInfo(chosen).fileName(), splitMeter);
         request.messages << added.messages;
-        m_meters.setMeter2Selectable(false);
+        if (splitMeter == 0)
+            m_meters.setMeter2Selectable(false);
         if (!added.added)
             return request;
     }

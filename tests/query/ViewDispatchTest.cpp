@@ -8,6 +8,7 @@
 #include "query/DataPointSelection.h"
 #include "query/MeterTable.h"
 #include "query/SelectionCheck.h"
+#include "query/SplitLogMeter.h"
 #include "query/TimeSelection.h"
 #include "query/TopQueryBuffer.h"
 #include "store/WallClock.h"
@@ -126,6 +127,16 @@ TEST(ViewDispatch, EmptyDataPointsAndTheSplitLogStatusView)
                                                                  }});
     EXPECT_EQ(asked, dml);
     EXPECT_EQ(cancelled.action, ViewDispatch::Action::SplitLogNeeded);
+
+    // Fault: a split-log meter opened as meter 2 had its chosen log loaded over meter 1.
+    const QString systemEvent = SplitLogMeter::systemEventPath(w.sim.splitMeter());
+    ASSERT_TRUE(w.add.run(path, QStringLiteral("empty.DB"), 0).added);
+    ASSERT_TRUE(w.add.run(systemEvent, QStringLiteral("SYSTEM_EVENT.db"), 1).added);
+    const QString chosen = SplitLogMeter::logFilePath(
+        SplitLogMeter::dmlFolderOfLogFile(systemEvent), SplitLogMeter::systemEventLog);
+    w.dispatch.Command2_Click(0, now, 0, {{}, [&](const QString&) { return chosen; }});
+    EXPECT_EQ(w.table.device(0).filePath, path);
+    EXPECT_EQ(w.table.device(1).filePath, chosen);
 }
 
 TEST(DataPointSelection, CapacityForOneAndTwoMeters)
