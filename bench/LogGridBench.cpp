@@ -10,6 +10,7 @@
 #include "query/QueryContext.h"
 #include "query/SnapshotView.h"
 #include "store/TempQueryDatabase.h"
+#include "store/WallClock.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -99,15 +100,15 @@ void loadTicks(const QString& meter, const QString& templatePath)
     context.files = {entry};
     for (qint64 id : {20617, 20621, 20625, 21017, 21021, 21025})
         context.dataIds << id;
-    context.start = QDateTime(QDate(2024, 3, 4), QTime(0, 0));
-    context.end = QDateTime(QDate(2024, 4, 2), QTime(23, 59, 59));
+    context.start = WallClock::at(QDate(2024, 3, 4), QTime(0, 0));
+    context.end = WallClock::at(QDate(2024, 4, 2), QTime(23, 59, 59));
     context.tempLogRecSize = 50000;
 
     qint64 rows = 0;
     QElapsedTimer clock;
     clock.start();
     const double loading = ticksPerSecond([&] {
-        SnapshotView view(context, 3);
+        SnapshotView view(context, LogKind::Snapshots);
         ViewResult page = view.load();
         rows = page.rowsRead;
         while (!page.allRead) {

@@ -9,6 +9,7 @@
 #include "query/SnapshotView.h"
 #include "store/MeterDatabase.h"
 #include "store/TempQueryDatabase.h"
+#include "store/WallClock.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -103,8 +104,8 @@ int main(int argc, char* argv[])
     context.progress = &progress;
     context.files = {entryFor(meter1, 0), entryFor(meter2, 1)};
     context.dataIds = points;
-    context.start = QDateTime(QDate(2024, 3, 4), QTime(0, 0, 0));
-    context.end = QDateTime(QDate(2024, 3, 10), QTime(23, 59, 59));
+    context.start = WallClock::at(QDate(2024, 3, 4), QTime(0, 0, 0));
+    context.end = WallClock::at(QDate(2024, 3, 10), QTime(23, 59, 59));
     context.tempLogRecSize = 50000;
 
     qint64 gridRows = 0;
@@ -113,7 +114,7 @@ int main(int argc, char* argv[])
     const double ratio = bench::compare(
         "snapshots, 7 days x 20 points x 2 meters",
         [&] {
-            SnapshotView view(context, 3);
+            SnapshotView view(context, LogKind::Snapshots);
             ViewResult page = view.load();
             gridRows = page.grids.isEmpty() ? 0 : page.grids.first().rows.size();
             pages = 1;
@@ -126,7 +127,7 @@ int main(int argc, char* argv[])
         [&] { rawRows = rawJoin(meter1) + rawJoin(meter2); }, 3);
     const double seconds = bench::medianMs(
                                [&] {
-                                   SnapshotView view(context, 3);
+                                   SnapshotView view(context, LogKind::Snapshots);
                                    ViewResult page = view.load();
                                    while (!page.allRead)
                                        page = view.step(1);

@@ -86,5 +86,8 @@ INSERT INTO MAIN (IndexValue, TextValue, TranslatedValue) VALUES
     (300017, 'at', 'am'),
     (300018, 'you have', 'haben Sie'),
     (300019, 'data points', 'Datenpunkte'),
-    (300020, 'At', 'Am');
+    (300020, 'At', 'Am'),
+    (300021, 'The log of this day cannot be read', 'Das Protokoll dieses Tages kann nicht gelesen werden'),
+    (300022, 'Database', 'Datenbank'),
+    (300023, 'captures', 'Aufzeichnungen');
 COMMIT;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "CommandLine.h"
 
+#include "store/WallClock.h"
+
 #include <array>
 #include <utility>
 
@@ -61,14 +63,14 @@ QDateTime CommandLine::recordTime(const QString& digits)
     const QTime time(hour, minute, second);
     if (!date.isValid() || !time.isValid())
         return {};
-    return QDateTime(date, time);
+    return WallClock::at(date, time);
 }
 
 CommandLine CommandLine::parse(const QString& text, const QDate& today)
 {
     CommandLine command;
-    command.firstRecordTime = QDateTime(today, QTime(0, 0));
-    command.lastRecordTime = QDateTime(today.addDays(-1), QTime(0, 0));
+    command.firstRecordTime = WallClock::at(today, QTime(0, 0));
+    command.lastRecordTime = WallClock::at(today.addDays(-1), QTime(0, 0));
 
     QString rest = text;
     command.logId = numberField(rest, QStringLiteral("LOGID:"), 0, command.parseError);

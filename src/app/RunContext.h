@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DefaultSelection.h"
 #include "LocalSystemSettings.h"
 #include "StartupPaths.h"
+#include "query/DefaultSelection.h"
 #include "store/DeviceDataLookUp.h"
 #include "store/DeviceScaledFormats.h"
 #include "store/DeviceTypeTable.h"

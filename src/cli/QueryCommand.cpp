@@ -12,10 +12,13 @@
 #include "query/LoadProgress.h"
 #include "query/MeterInventory.h"
 #include "query/QueryContext.h"
+#include "query/SplitLogMeter.h"
 #include "query/ViewRegistry.h"
 #include "store/MeterDatabase.h"
 #include "store/SchemaCatalog.h"
+#include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
+#include "store/WallClock.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -52,16 +55,21 @@ struct Options
 
 std::optional<QDateTime> parseTime(const QString& text, bool end)
 {
-    QDateTime time = QDateTime::fromString(text, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    // Date and time are read apart and joined zone-free: read as this PC's local time, a
+    // meter reading inside its spring-forward gap would move or vanish.
+    const QString trimmed = text.trimmed();
+    const QDate day = QDate::fromString(trimmed.left(10), QStringLiteral("yyyy-MM-dd"));
+    if (!day.isValid())
+        return std::nullopt;
+    if (trimmed.size() == 10)
+        return WallClock::at(day, end ? QTime(23, 59, 59) : QTime(0, 0, 0));
+    const QChar separator = trimmed.size() == 19 ? trimmed.at(10) : QChar();
+    if (separator != QLatin1Char(' ') && separator != QLatin1Char('T'))
+        return std::nullopt;
+    const QTime time = QTime::fromString(trimmed.mid(11), QStringLiteral("HH:mm:ss"));
     if (!time.isValid())
-        time = QDateTime::fromString(text, QStringLiteral("yyyy-MM-ddTHH:mm:ss"));
-    if (!time.isValid()) {
-        const QDate day = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
-        if (!day.isValid())
-            return std::nullopt;
-        time = QDateTime(day, end ? QTime(23, 59, 59) : QTime(0, 0, 0));
-    }
-    return time;
+        return std::nullopt;
+    return WallClock::at(day, time);
 }
 
 QString csvField(const QString& text)
@@ -92,12 +100,13 @@ QDateTime newestRecord(const QList<LogFileEntry>& files)
             if (!db.tableExists(master) ||
                 !db.tableHasField(master, QStringLiteral("EndDate/Time")))
                 continue;
-            const QDateTime end =
-                QDateTime::fromString(db.scalar(QStringLiteral("SELECT max([EndDate/Time]) FROM ") +
-                                                SqlIdentifier::quote(master))
-                                          .toString(),
-                                      QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-            if (end.isValid() && (!newest.isValid() || end > newest))
+            const QString text = db.scalar(QStringLiteral("SELECT max([EndDate/Time]) FROM ") +
+                                           SqlIdentifier::quote(master))
+                                     .toString();
+            if (text.isEmpty())
+                continue;
+            const QDateTime end = StampedTime::parseClock(text);
+            if (!newest.isValid() || end > newest)
                 newest = end;
         }
     }
@@ -189,7 +198,7 @@ int parse(const QStringList& arguments, Options& o)
     const bool range = o.from.isValid() || o.to.isValid();
     if (range == (o.lastCount > 0) || (range && !(o.from.isValid() && o.to.isValid())))
         return CliOutput::usage(QStringLiteral("give either --from and --to, or --last N UNIT"));
-    if (o.lastCount > 0 && !lastStart(QDateTime::currentDateTime(), 1, o.lastUnit))
+    if (o.lastCount > 0 && !lastStart(WallClock::now(), 1, o.lastUnit))
         return CliOutput::usage(QStringLiteral("--last unit is minutes, hours, days or weeks"));
     return Success;
 }
@@ -263,7 +272,11 @@ int QueryCommand::run(const QStringList& arguments)
     try {
         // The meters as the selection window opens them: their device records, every one used.
         QueryContext context;
-        for (const QString& path : o.meters) {
+        for (const QString& given : o.meters) {
+            // A split-log meter is opened through its Device Master Log, as in the window.
+            const QString path = SplitLogMeter::isDeviceMasterLog(given)
+                                     ? SplitLogMeter::systemEventPath(given)
+                                     : given;
             if (!QFileInfo(path).isFile()) {
                 CliOutput::error(QStringLiteral("file not found: ") + path);
                 return FileMissing;
@@ -295,9 +308,13 @@ int QueryCommand::run(const QStringList& arguments)
             bool numeric = false;
             context.typeFilter = o.type.toInt(&numeric);
             if (!numeric) {
-                context.typeFilter = int(SchemaCatalog::snapshotTypeNames().indexOf(o.type));
-                if (context.typeFilter <= 0)
+                // The grouping list: "All Snapshots", "Group By Type", then the type names,
+                // each at the position of the TypeID it stands for.
+                const qsizetype at = SchemaCatalog::snapshotTypeNames().indexOf(o.type);
+                if (at < 0)
                     return CliOutput::usage(QStringLiteral("unknown record type: ") + o.type);
+                context.groupByType = at == 1;
+                context.typeFilter = at >= 2 ? int(at) : 0;
             }
         }
 
@@ -329,6 +346,10 @@ int QueryCommand::run(const QStringList& arguments)
         CliOutput::error(fault.message());
         return exitCodeFor(fault);
     } catch (const StorageError& error) {
+        CliOutput::error(QString::fromUtf8(error.what()));
+        return Failure;
+    } catch (const std::exception& error) {
+        // A damaged stamp in a meter file, or any other fault of its content.
         CliOutput::error(QString::fromUtf8(error.what()));
         return Failure;
     }

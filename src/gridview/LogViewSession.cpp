@@ -8,6 +8,7 @@
 #include "query/InputView.h"
 #include "query/LimitView.h"
 #include "query/LoadProgress.h"
+#include "query/LogFileList.h"
 #include "query/PqGrid.h"
 #include "query/PqView.h"
 #include "query/RelayView.h"
@@ -35,9 +36,9 @@ struct KindRoad
     Grids grids = nullptr;
 };
 
-KindRoad roadOf(int kind)
+KindRoad roadOf(LogKind kind)
 {
-    switch (static_cast<LogKind>(kind)) {
+    switch (kind) {
     case LogKind::Limits:
         return {&LimitView::run, &LimitView::grids};
     case LogKind::Inputs:
@@ -57,9 +58,9 @@ KindRoad roadOf(int kind)
     }
 }
 
-bool isSnapshotKind(int kind)
+bool isSnapshotKind(LogKind kind)
 {
-    return kind == int(LogKind::Snapshots) || kind == int(LogKind::Demand);
+    return kind == LogKind::Snapshots || kind == LogKind::Demand;
 }
 
 /// The columns of a snapshot grid before its `Dev_Data` columns.
@@ -93,7 +94,7 @@ QString withStop(const QString& text)
 /// result shown, and the user's sort and type choice.
 struct LogViewSession::Entry
 {
-    int logKind = 0;
+    LogKind logKind = LogKind::DatabaseStatus;
     int button = 0;
     std::unique_ptr<QueryContext> context;
     std::unique_ptr<SnapshotView> snapshots;
@@ -115,6 +116,7 @@ struct LogViewSession::Entry
             c.descending = entry.sort.descending;
             c.sortColumn = entry.sortColumn();
             c.typeFilter = entry.typeFilter();
+            c.groupByType = isSnapshotKind(entry.logKind) && entry.sort.recordType == 1;
         }
         ~Presentation()
         {
@@ -122,6 +124,7 @@ struct LogViewSession::Entry
             c.descending = m_entry.loadDescending;
             c.sortColumn.clear();
             c.typeFilter = 0;
+            c.groupByType = false;
         }
         Presentation(const Presentation&) = delete;
         Presentation& operator=(const Presentation&) = delete;
@@ -141,15 +144,11 @@ struct LogViewSession::Entry
     /// text for the other kinds, empty for Date/Time.
     QString sortColumn() const
     {
-        if (isSnapshotKind(logKind)) {
-            // "Group By Type" puts the record type first, the time within each type.
-            if (sort.recordType == 1)
-                return QStringLiteral("Record Type");
+        if (isSnapshotKind(logKind))
             return sort.item > 0 ? dataColumns().value(sort.item - 1) : QString();
-        }
         if (sort.item <= 0)
             return {};
-        return SortOptions::itemTexts(static_cast<LogKind>(logKind)).value(sort.item);
+        return SortOptions::itemTexts(logKind).value(sort.item);
     }
 
     /// The snapshot `TypeID` of the sort state or the waveform data type. The grouping list
@@ -159,7 +158,7 @@ struct LogViewSession::Entry
     {
         if (isSnapshotKind(logKind))
             return sort.recordType >= 2 ? sort.recordType : 0;
-        return logKind == int(LogKind::Waveform) ? typeChoice : 0;
+        return logKind == LogKind::Waveform ? typeChoice : 0;
     }
 };
 
@@ -248,10 +247,10 @@ void LogViewSession::loadFresh(LoadProgress* progress)
     entry->loadDescending = c.descending;
     entry->sort.descending = c.descending;
 
-    const int kind = entry->logKind;
+    const LogKind kind = entry->logKind;
     {
         ProgressScope scope(c, progress);
-        if (kind == int(LogKind::DatabaseStatus)) {
+        if (kind == LogKind::DatabaseStatus) {
             entry->result.logKind = kind;
             entry->result.grids = DatabaseStatusView::run(c.files);
         } else if (isSnapshotKind(kind)) {
@@ -267,7 +266,7 @@ void LogViewSession::loadFresh(LoadProgress* progress)
         }
     }
     // A cancelled load is shown but not kept for the button: the next press reads again.
-    if (m_buffer && kind != int(LogKind::DatabaseStatus) && !entry->result.cancelled &&
+    if (m_buffer && kind != LogKind::DatabaseStatus && !entry->result.cancelled &&
         entry->result.numbers.query > 0) {
         m_buffer->setRow(entry->button, {entry->result.numbers.query, entry->result.numbers.slice,
                                          c.start, c.end, 0});
@@ -280,7 +279,7 @@ void LogViewSession::loadFresh(LoadProgress* progress)
 void LogViewSession::refill()
 {
     Entry& entry = current();
-    if (entry.logKind == int(LogKind::DatabaseStatus))
+    if (entry.logKind == LogKind::DatabaseStatus)
         return;
     Entry::Presentation presentation(entry);
     if (entry.snapshots) {
@@ -351,8 +350,7 @@ QStringList LogViewSession::sortItems() const
 {
     if (!m_current)
         return {};
-    return SortOptions::itemTexts(static_cast<LogKind>(m_current->logKind),
-                                  m_current->dataColumns());
+    return SortOptions::itemTexts(m_current->logKind, m_current->dataColumns());
 }
 
 QString LogViewSession::typeCaption() const
@@ -363,13 +361,39 @@ QString LogViewSession::typeCaption() const
 
 QStringList LogViewSession::typeChoices() const
 {
-    const int kind = logKind();
+    const LogKind kind = logKind();
     if (isSnapshotKind(kind))
         return QStringList{userText("406004", "User Defined")} +
                SortOptions::snapshotGroupings().mid(2);
-    if (kind == int(LogKind::Waveform))
+    if (kind == LogKind::Waveform)
         return WaveformGrid::typeNames();
     return {};
+}
+
+LogViewSession::GraphTarget LogViewSession::graphTarget(LogKind logKind)
+{
+    switch (logKind) {
+    case LogKind::Snapshots:
+    case LogKind::Demand:
+    case LogKind::Flicker:
+    case LogKind::SystemEvent:
+        return GraphTarget::TrendSetup;
+    case LogKind::Relays:
+        return GraphTarget::RelayTree;
+    case LogKind::Waveform:
+        return GraphTarget::WaveformGraph;
+    case LogKind::PowerQuality:
+        return GraphTarget::PqGraph;
+    case LogKind::EN50160:
+        return GraphTarget::ComplianceChart;
+    default:
+        return GraphTarget::None;
+    }
+}
+
+bool LogViewSession::graphWindowExists(GraphTarget target)
+{
+    return target == GraphTarget::WaveformGraph;
 }
 
 LogViewSession::GraphAction LogViewSession::graph(int row) const
@@ -386,7 +410,7 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
         action.kind = GraphAction::Kind::Message;
         action.message = withStop(text);
     };
-    switch (static_cast<LogKind>(entry.logKind)) {
+    switch (entry.logKind) {
     case LogKind::Waveform:
         if (empty) {
             message(userText("406010", "There are no waveforms"));
@@ -401,17 +425,21 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
             action.caption = grid.rowKeys.at(row).value(QStringLiteral("Label")).toString();
         }
         break;
+    case LogKind::Relays:
+        // The relay logic tree is not built yet: the messages before it are answered, and
+        // the window keeps the button disabled.
+        if (empty)
+            message(userText("406012", "There are no relays"));
+        else if (!selected)
+            message(userText("406014", "Please select a relay record  to graph"));
+        break;
     case LogKind::Snapshots:
     case LogKind::Demand:
     case LogKind::Flicker:
     case LogKind::SystemEvent:
-    case LogKind::Relays:
-        // Their graph windows (trend set-up, relay logic tree) do not exist yet: only the
-        // empty case is answered, and the window keeps the button disabled.
+        // The trend set-up is not built yet: only the empty case is answered.
         if (empty)
-            message(entry.logKind == int(LogKind::Relays)
-                        ? userText("406012", "There are no relays")
-                        : userText("406013", "There are no data to graph"));
+            message(userText("406013", "There are no data to graph"));
         break;
     default:
         break;
@@ -433,7 +461,7 @@ std::optional<GridTable> LogViewSession::rowDetail(int grid, int row) const
     };
     SqliteDatabase& db = entry.context->scratch->database();
     const QueryNumbers& numbers = entry.result.numbers;
-    switch (static_cast<LogKind>(entry.logKind)) {
+    switch (entry.logKind) {
     case LogKind::PowerQuality:
         if (grid == 0)
             return PqGrid::listWaveforms(db, numbers, keys, entry.sort.descending,
@@ -449,13 +477,12 @@ std::optional<GridTable> LogViewSession::rowDetail(int grid, int row) const
     case LogKind::Relays: {
         if (grid != 0)
             return std::nullopt;
+        // Rows carry the 1-based position of their file in the query's expanded list.
         const qint64 device = key("DeviceIndex");
-        int deviceType =
-            entry.context->files.isEmpty() ? 0 : entry.context->files.first().deviceTypeId;
-        for (const LogFileEntry& file : entry.context->files) {
-            if (file.deviceIndex == device)
-                deviceType = file.deviceTypeId;
-        }
+        const QList<LogFileEntry> files =
+            LogFileList::expand(entry.context->files, int(LogKind::Relays));
+        const LogFileEntry* file = LogFileList::fileOfDevice(files, device);
+        const int deviceType = file ? file->deviceTypeId : 0;
         return SetupRecordViews::relaySetting(db, numbers, device, key("Index"), key("ModuleIndex"),
                                               key("RelayIndex"), deviceType);
     }
@@ -468,8 +495,8 @@ QString LogViewSession::statusText(int grid, int row) const
 {
     if (!m_current || grid < 0 || grid >= m_current->result.grids.size())
         return {};
-    const int kind = m_current->logKind;
-    if (!isSnapshotKind(kind) && kind != int(LogKind::Flicker))
+    const LogKind kind = m_current->logKind;
+    if (!isSnapshotKind(kind) && kind != LogKind::Flicker)
         return {};
     const int count = int(m_current->result.grids.at(grid).rows.size());
     if (row < 0 || row >= count)
@@ -478,16 +505,16 @@ QString LogViewSession::statusText(int grid, int row) const
            QStringLiteral(", ") + QString::number(count);
 }
 
-bool LogViewSession::hasCheckMarks(int kind)
+bool LogViewSession::hasCheckMarks(LogKind kind)
 {
-    return kind == int(LogKind::Waveform) || kind == int(LogKind::PowerQuality);
+    return kind == LogKind::Waveform || kind == LogKind::PowerQuality;
 }
 
 QString LogViewSession::checkMessage(int row) const
 {
     if (row >= 0)
         return {};
-    switch (static_cast<LogKind>(logKind())) {
+    switch (logKind()) {
     case LogKind::Waveform:
         return withStop(userText("406021", "Please select a waveform record"));
     case LogKind::PowerQuality:
@@ -529,97 +556,109 @@ std::optional<LogViewSession::BoundRecord> LogViewSession::bound(int mark) const
     return m_bound[size_t(mark)];
 }
 
-QStringList LogViewSession::captions(int kind)
+QStringList LogViewSession::captions(LogKind kind)
 {
     switch (kind) {
-    case 0:
+    case LogKind::DatabaseStatus:
         return {userText("406030", "Data File Information")};
-    case 3:
-    case 4:
+    case LogKind::Snapshots:
+    case LogKind::Demand:
         return {SnapshotView::caption(kind)};
-    case 5:
+    case LogKind::Limits:
         return {userText("406031", "Show Limits")};
-    case 6:
+    case LogKind::Inputs:
         return {userText("406032", "Show Inputs"), userText("406033", "Show Input Settings")};
-    case 7:
+    case LogKind::Relays:
         return {userText("406034", "Show Relays"), userText("406035", "Show Relay Settings")};
-    case 8:
+    case LogKind::Flicker:
         return {userText("406036", "Show Flicker Max/Min")};
-    case 9:
+    case LogKind::Waveform:
         return {userText("406037", "Show Waveforms"), userText("406038", "Show Waveform Settings")};
-    case 10:
+    case LogKind::PowerQuality:
         return {userText("406039", "Show PQs"), userText("406040", "Show PQ/Waveform Settings")};
-    case 11:
+    case LogKind::SystemEvent:
         return {userText("406041", "Show System Events")};
-    case 76:
+    case LogKind::EN50160:
         return {userText("406042", "EN50160 / IEC 61000-4-30 Information")};
-    default:
-        return {};
+    case LogKind::DeviceInformation:
+    case LogKind::AllLogs:
+    case LogKind::Billing:
+    case LogKind::Compliance:
+        break;
     }
+    return {};
 }
 
-QString LogViewSession::viewName(int kind)
+QString LogViewSession::viewName(LogKind kind)
 {
     switch (kind) {
-    case 0:
+    case LogKind::DatabaseStatus:
         return userText("406050", "Database Status");
-    case 3:
+    case LogKind::Snapshots:
         return userText("406051", "Snapshots");
-    case 4:
+    case LogKind::Demand:
         return userText("406052", "Demands");
-    case 5:
+    case LogKind::Limits:
         return userText("406053", "Limits");
-    case 6:
+    case LogKind::Inputs:
         return userText("406054", "Status Change (Inputs)");
-    case 7:
+    case LogKind::Relays:
         return userText("406055", "Control Output (Relays)");
-    case 8:
+    case LogKind::Flicker:
         return userText("406056", "Flicker");
-    case 9:
+    case LogKind::Waveform:
         return userText("406057", "Waveform");
-    case 10:
+    case LogKind::PowerQuality:
         return userText("406058", "Power Quality");
-    case 11:
+    case LogKind::SystemEvent:
         return userText("406059", "System Event");
-    case 76:
+    case LogKind::EN50160:
         return userText("406060", "EN50160 / IEC 61000-4-30 Report");
-    default:
-        return {};
+    case LogKind::DeviceInformation:
+    case LogKind::AllLogs:
+    case LogKind::Billing:
+    case LogKind::Compliance:
+        break;
     }
+    return {};
 }
 
-QString LogViewSession::windowTitle(const QString& program, int kind)
+QString LogViewSession::windowTitle(const QString& program, LogKind kind)
 {
     return program + QStringLiteral(" - [") + viewName(kind) + QLatin1Char(']');
 }
 
-QString LogViewSession::helpTopic(int kind)
+QString LogViewSession::helpTopic(LogKind kind)
 {
     switch (kind) {
-    case 0:
+    case LogKind::DatabaseStatus:
         return QStringLiteral("LRDBStatus");
-    case 3:
-    case 4:
+    case LogKind::Snapshots:
+    case LogKind::Demand:
         return QStringLiteral("LRHistTrends");
-    case 5:
+    case LogKind::Limits:
         return QStringLiteral("LRLimits");
-    case 6:
+    case LogKind::Inputs:
         return QStringLiteral("LRStatChange");
-    case 7:
+    case LogKind::Relays:
         return QStringLiteral("LRControl");
-    case 8:
+    case LogKind::Flicker:
         return QStringLiteral("LRFlicker");
-    case 9:
+    case LogKind::Waveform:
         return QStringLiteral("LRWaveformLog");
-    case 10:
+    case LogKind::PowerQuality:
         return QStringLiteral("LRpqLogs");
-    case 11:
+    case LogKind::SystemEvent:
         return QStringLiteral("LRSystemEvtLog");
-    case 76:
+    case LogKind::EN50160:
         return QStringLiteral("LREN50160Log");
-    default:
-        return {};
+    case LogKind::DeviceInformation:
+    case LogKind::AllLogs:
+    case LogKind::Billing:
+    case LogKind::Compliance:
+        break;
     }
+    return {};
 }
 
 } // namespace lorvane

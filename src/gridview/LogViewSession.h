@@ -5,6 +5,7 @@
 #include "query/SortState.h"
 #include "query/ViewDispatch.h"
 #include "query/ViewResult.h"
+#include "store/LogKind.h"
 
 #include <QList>
 #include <QString>
@@ -27,6 +28,22 @@ class TopQueryBuffer;
 class LogViewSession
 {
 public:
+    /// The window each kind hands its rows to with &Graph.
+    enum class GraphTarget
+    {
+        None,            ///< the kind hands over nothing
+        TrendSetup,      ///< the trend / power graph set-up: the grid's data columns
+        RelayTree,       ///< the relay logic tree of the selected relay record
+        WaveformGraph,   ///< the waveform window on the selected capture
+        PqGraph,         ///< the magnitude/duration graph on the query's PQ table
+        ComplianceChart, ///< the EN 50160 chart of the compliance list
+    };
+    /// The hand-over of `logKind`.
+    static GraphTarget graphTarget(LogKind logKind);
+    /// The target has a window in this build: &Graph is enabled for its kinds. Each graph
+    /// window adds its target here when it lands.
+    static bool graphWindowExists(GraphTarget target);
+
     /// What &Graph does for the current kind and row.
     struct GraphAction
     {
@@ -48,7 +65,7 @@ public:
     /// which stay valid whatever sort or page is shown later.
     struct BoundRecord
     {
-        int logKind = 0;
+        LogKind logKind = LogKind::DatabaseStatus;
         QueryNumbers numbers;
         QVariantMap keys;
         QStringList cells;
@@ -80,7 +97,7 @@ public:
     void setTypeChoice(int index);
 
     bool loaded() const { return m_current != nullptr; }
-    int logKind() const { return m_request.logKind; }
+    LogKind logKind() const { return m_request.logKind; }
     /// The result shown; an empty one before the first load.
     const ViewResult& result() const;
     SortState sort() const;
@@ -118,15 +135,15 @@ public:
     std::optional<BoundRecord> bound(int mark) const;
 
     /// Waveform and PQ views have the two check marks.
-    static bool hasCheckMarks(int kind);
+    static bool hasCheckMarks(LogKind kind);
     /// The captions of the grids of `kind` ("Show Snapshots", "Show Inputs" ...).
-    static QStringList captions(int kind);
+    static QStringList captions(LogKind kind);
     /// The view's name in the title ("Snapshots", "Database Status" ...).
-    static QString viewName(int kind);
+    static QString viewName(LogKind kind);
     /// "{program} - [{view name}]".
-    static QString windowTitle(const QString& program, int kind);
+    static QString windowTitle(const QString& program, LogKind kind);
     /// The help topic of `kind` ("LRHistTrends" ...).
-    static QString helpTopic(int kind);
+    static QString helpTopic(LogKind kind);
 
 private:
     struct Entry;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DataPointSelection.h"
 
+#include "DefaultSelection.h"
 #include "TopQueryBuffer.h"
-#include "app/DefaultSelection.h"
 #include "platform/UserText.h"
 #include "store/DataPointLabel.h"
 #include "store/MeterDatabase.h"
@@ -225,24 +225,13 @@ QString DataPointSelection::restore()
     return {};
 }
 
-QString DataPointSelection::loadDefaultsIntoLists(const DefaultSelection& defaults)
-{
-    m_available.append(m_selected);
-    std::sort(m_available.begin(), m_available.end(), byId);
-    m_selected.clear();
-    const QList<qint32> ids(defaults.dataIds.begin(), defaults.dataIds.end());
-    if (selectIds(ids) == 0)
-        return missingPointsText("301015", "Load default data points failed");
-    return {};
-}
-
-QString DataPointSelection::setDefault(const QString& settingsFile)
+QString DataPointSelection::setDefault(DefaultSelection& stored, const QString& settingsFile)
 {
     writeTable();
     m_accepted = m_ids;
-    DefaultSelection defaults;
-    defaults.dataIds = m_ids;
-    if (!defaults.writeDataPoints(settingsFile))
+    // The run's stored defaults change with the file: the next meter loads these points.
+    stored.dataIds = m_ids;
+    if (!stored.writeDataPoints(settingsFile))
         return userText("301016", "Cannot save the default data points to") + QLatin1Char(' ') +
                settingsFile + QLatin1Char('.');
     return userText("301017", "Default Data Points Saved.");

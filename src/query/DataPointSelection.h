@@ -81,11 +81,10 @@ public:
     /// "Res&tore": the last accepted table back into the two lists. Returns the failure text
     /// when none of its points is available, else empty.
     QString restore();
-    /// "&Set Default": the selected list becomes the table, its copy and the keys `Data_1` to
-    /// `Data_128` of section `DefaultSetting` of `settingsFile`. Returns the message shown.
-    QString setDefault(const QString& settingsFile);
-    /// The default points back into the two lists; the failure text when none is available.
-    QString loadDefaultsIntoLists(const DefaultSelection& defaults);
+    /// "&Set Default": the selected list becomes the table, its copy, the run's `stored`
+    /// defaults and the keys `Data_1` to `Data_128` of section `DefaultSetting` of
+    /// `settingsFile`. Returns the message shown.
+    QString setDefault(DefaultSelection& stored, const QString& settingsFile);
 
     /// The main window's status text: "Current selected data points. Total = {n}" or
     /// "No Data Points".

@@ -6,9 +6,12 @@
 #include "platform/SqliteDatabase.h"
 #include "platform/StorageError.h"
 #include "platform/UserText.h"
+#include "store/StampedTime.h"
 
 #include <QFileInfo>
 #include <QLocale>
+#include <memory>
+#include <stdexcept>
 
 namespace lorvane {
 
@@ -59,6 +62,43 @@ qint64 sum(SqliteDatabase& db, const QString& table, const QString& column)
         .toLongLong();
 }
 
+/// A stored date and time as the settings' locale shows it; "N/A" and texts that are no
+/// stamp stay as they are.
+QString shownTime(const QString& stored)
+{
+    try {
+        return QLocale().toString(StampedTime::parseClock(stored), QLocale::ShortFormat);
+    } catch (const std::invalid_argument&) {
+        return stored;
+    }
+}
+
+/// The day of a day index row.
+QString shownDay(const QString& stored)
+{
+    try {
+        return QLocale().toString(StampedTime::parseClock(stored).date(), QLocale::ShortFormat);
+    } catch (const std::invalid_argument&) {
+        return stored;
+    }
+}
+
+/// The newest profile the meter's per-profile tables name; "N/A" when none does.
+QString latestProfile(SqliteDatabase& db)
+{
+    qint64 latest = -1;
+    for (const QString& table :
+         {QStringLiteral("ScaledFormats"), QStringLiteral("User_Defined_Item_Labels")}) {
+        if (!db.tableExists(table) || !db.tableHasField(table, QStringLiteral("ProfileIndex")))
+            continue;
+        const QVariant top = db.scalar(QStringLiteral("SELECT max([ProfileIndex]) FROM ") +
+                                       SqlIdentifier::quote(table));
+        if (!top.isNull())
+            latest = std::max(latest, top.toLongLong());
+    }
+    return latest < 0 ? na() : QString::number(latest);
+}
+
 void row(GridTable& grid, const QStringList& cells)
 {
     QStringList padded = cells;
@@ -90,102 +130,148 @@ GridTable DatabaseStatusView::file(const LogFileEntry& entry, int deviceNumber)
         QStringList{userText("404102", "Item"), userText("404103", "First Date"),
                     userText("404104", "Last Date"), userText("404105", "Number of Days"),
                     userText("404106", "Number of Records")};
+    std::unique_ptr<SqliteDatabase> opened;
     try {
-        SqliteDatabase db(entry.dbPath, SqliteDatabase::Mode::ReadOnly);
-        const QFileInfo info(entry.dbPath);
-        QString type = na(), name = na(), id = na();
+        opened = std::make_unique<SqliteDatabase>(entry.dbPath, SqliteDatabase::Mode::ReadOnly);
+        opened->scalar(QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    } catch (const StorageError&) {
+        row(grid, {userText("404135", "Cannot display information") + QLatin1Char('.')});
+        return grid;
+    }
+    SqliteDatabase& db = *opened;
+    // Each step stands alone: a table the file lacks shows "N/A" for its own rows only.
+    const auto guarded = [](const auto& step) {
+        try {
+            step();
+        } catch (const StorageError&) {
+        }
+    };
+    const QFileInfo info(entry.dbPath);
+    QString type = na(), name = na(), id = na();
+    guarded([&] {
         SqlStatement device = db.prepare(QStringLiteral("SELECT * FROM [DeviceInformation]"));
         if (device.next()) {
             type = orNa(device.value(QStringLiteral("DeviceType")).toString());
             name = orNa(device.value(QStringLiteral("HardwareName")).toString());
             id = orNa(device.value(QStringLiteral("HardwareID")).toString());
         }
-        QString version = na(), note = na();
+    });
+    QString version = na(), note = na();
+    guarded([&] {
         SqlStatement idTable = db.prepare(QStringLiteral("SELECT * FROM [ID_Table]"));
         if (idTable.next()) {
             version = QString::number(idTable.value(QStringLiteral("Version")).toDouble(), 'f', 1);
             note = orNa(idTable.value(QStringLiteral("Note")).toString());
         }
-        const Span downloads =
-            span(db, QStringLiteral("AllLogs"), QStringLiteral("EntryDate/Time"));
-        const QList<QPair<QString, QString>> header{
-            {userText("404107", "Device #"), QString::number(deviceNumber)},
-            {userText("404108", "Device Type"), type},
-            {userText("404109", "Device Name"), name},
-            {userText("404110", "Device ID"), id},
-            {userText("404111", "File Name"), info.fileName()},
-            {userText("404112", "Data file size"),
-             QLocale().toString(info.size()) + QLatin1Char(' ') + userText("404113", "Bytes")},
-            {userText("404114", "Number of downloads"), QString::number(downloads.rows)},
-            {userText("404115", "First download"), downloads.first},
-            {userText("404116", "Last download"), downloads.last},
-            {userText("404117", "Number of data points"),
-             QString::number(
-                 db.scalar(QStringLiteral("SELECT count(DataID) FROM [DataPoints]")).toLongLong())},
-            {userText("404118", "Database file version"), version},
-            {userText("404119", "Database file description"), note},
-            {userText("404120", "Profile"), na()},
-            {userText("404121", "Profile Last Update/Checksum"), na()},
-        };
-        for (const auto& [label, value] : header)
-            row(grid, {label, value});
+    });
+    Span downloads{na(), na(), 0};
+    guarded(
+        [&] { downloads = span(db, QStringLiteral("AllLogs"), QStringLiteral("EntryDate/Time")); });
+    QString points = na();
+    guarded([&] {
+        points = QString::number(
+            db.scalar(QStringLiteral("SELECT count(DataID) FROM [DataPoints]")).toLongLong());
+    });
+    QString profile = na();
+    guarded([&] { profile = latestProfile(db); });
+    const QList<QPair<QString, QString>> header{
+        {userText("404107", "Device #"), QString::number(deviceNumber)},
+        {userText("404108", "Device Type"), type},
+        {userText("404109", "Device Name"), name},
+        {userText("404110", "Device ID"), id},
+        {userText("404111", "File Name"), info.fileName()},
+        {userText("404112", "Data file size"),
+         QLocale().toString(info.size()) + QLatin1Char(' ') + userText("404113", "Bytes")},
+        {userText("404114", "Number of downloads"), QString::number(downloads.rows)},
+        {userText("404115", "First download"), shownTime(downloads.first)},
+        {userText("404116", "Last download"), shownTime(downloads.last)},
+        {userText("404117", "Number of data points"), points},
+        {userText("404118", "Database file version"), version},
+        {userText("404119", "Database file description"), note},
+        {userText("404120", "Profile"), profile},
+        {userText("404121", "Profile Last Update/Checksum"), na()},
+    };
+    for (const auto& [label, value] : header)
+        row(grid, {label, value});
 
-        row(grid, {userText("404122", "Data Log"), grid.columns.at(1), grid.columns.at(2),
-                   grid.columns.at(3), grid.columns.at(4)});
-        const QString historical = QStringLiteral("AllHistoricalLogs");
-        const Span snapshots = span(db, historical, QStringLiteral("Date/Time"));
-        QList<qint64> perLog;
-        qint64 allSnapshots = 0;
-        for (int n = 0; n < 24; ++n) {
-            perLog << sum(db, historical, QStringLiteral("Recs_%1").arg(n));
-            allSnapshots += perLog.last();
-        }
-        row(grid, {userText("404123", "Snapshots"), snapshots.first, snapshots.last,
-                   QString::number(snapshots.rows), QString::number(allSnapshots)});
-        for (int n = 0; n < 24; ++n) {
-            if (perLog.at(n) > 0)
-                row(grid, {userText("404123", "Snapshots") + QStringLiteral(" ") +
-                               userText("404124", "Log") + QLatin1Char(' ') + QString::number(n),
-                           QString(), QString(), QString(), QString::number(perLog.at(n))});
-        }
-        const QList<QPair<QString, QString>> logs{
-            {userText("404125", "Limits"), QStringLiteral("AllLimitsLogs")},
-            {userText("404126", "Status Change (Inputs)"), QStringLiteral("AllInputLogs")},
-            {userText("404127", "Control Output (Relays)"), QStringLiteral("AllRelayLogs")},
-            {userText("404128", "Flicker"), QStringLiteral("AllFlickerLogs")},
-            {userText("404129", "Waveforms"), QStringLiteral("AllWaveformLogs")},
-            {userText("404130", "Power Quality"), QStringLiteral("AllPQLogs")},
-            {userText("404131", "System Event"), QStringLiteral("AllSystemEventLogs")},
-        };
-        for (const auto& [label, table] : logs) {
-            const Span s = span(db, table, QStringLiteral("Date/Time"));
-            row(grid, {label, s.first, s.last, QString::number(s.rows),
-                       QString::number(sum(db, table, QStringLiteral("Recs")))});
-        }
+    row(grid, {userText("404122", "Data Log"), grid.columns.at(1), grid.columns.at(2),
+               grid.columns.at(3), grid.columns.at(4)});
+    // The snapshot index counts its records per hour of the day (`Recs_0` to `Recs_23`).
+    const QString historical = QStringLiteral("AllHistoricalLogs");
+    Span snapshots{na(), na(), 0};
+    QList<qint64> perHour(24, 0);
+    guarded([&] {
+        snapshots = span(db, historical, QStringLiteral("Date/Time"));
+        for (int h = 0; h < 24; ++h)
+            perHour[h] = sum(db, historical, QStringLiteral("Recs_%1").arg(h));
+    });
+    qint64 allSnapshots = 0;
+    for (qint64 n : perHour)
+        allSnapshots += n;
+    row(grid, {userText("404123", "Snapshots"), shownDay(snapshots.first), shownDay(snapshots.last),
+               QString::number(snapshots.rows), QString::number(allSnapshots)});
+    for (int h = 0; h < 24; ++h) {
+        if (perHour.at(h) > 0)
+            row(grid, {userText("404123", "Snapshots") + QStringLiteral(", ") +
+                           userText("404124", "hour") + QLatin1Char(' ') + QString::number(h),
+                       QString(), QString(), QString(), QString::number(perHour.at(h))});
+    }
+    const QList<QPair<QString, QString>> logs{
+        {userText("404125", "Limits"), QStringLiteral("AllLimitsLogs")},
+        {userText("404126", "Status Change (Inputs)"), QStringLiteral("AllInputLogs")},
+        {userText("404127", "Control Output (Relays)"), QStringLiteral("AllRelayLogs")},
+        {userText("404128", "Flicker"), QStringLiteral("AllFlickerLogs")},
+        {userText("404129", "Waveforms"), QStringLiteral("AllWaveformLogs")},
+        {userText("404130", "Power Quality"), QStringLiteral("AllPQLogs")},
+        {userText("404131", "System Event"), QStringLiteral("AllSystemEventLogs")},
+    };
+    for (const auto& [label, table] : logs) {
+        Span s{na(), na(), 0};
+        qint64 records = 0;
+        guarded([&] {
+            s = span(db, table, QStringLiteral("Date/Time"));
+            records = sum(db, table, QStringLiteral("Recs"));
+        });
+        row(grid, {label, shownDay(s.first), shownDay(s.last), QString::number(s.rows),
+                   QString::number(records)});
+    }
 
-        row(grid, {userText("404132", "Last Time Stamps"), userText("404133", "Last Date/Time"),
-                   userText("404134", "Last Index")});
-        bool anyStamp = false;
+    partialDownloads(db, grid);
+    return grid;
+}
+
+void DatabaseStatusView::partialDownloads(SqliteDatabase& db, GridTable& grid)
+{
+    row(grid, {userText("404132", "Partial Downloads"), userText("404133", "Last Date/Time"),
+               userText("404134", "Last Index")});
+    // The logs a download can stop in the middle of, in the order the file lists them.
+    const QStringList labels{
+        userText("404136", "Wave Trig"),       userText("404137", "WaveSample"),
+        userText("404138", "Sys Event"),       userText("404139", "Limit SS"),
+        userText("404140", "Limit Snapshots"), userText("404141", "Input SS"),
+        userText("404142", "Input Snapshots"), userText("404143", "Relay SS"),
+        userText("404144", "Relay Snapshots")};
+    int shown = 0;
+    try {
         if (db.tableExists(QStringLiteral("LastTimeStamps"))) {
             SqlStatement stamps = db.prepare(QStringLiteral(
                 "SELECT * FROM [LastTimeStamps] WHERE [LogID] <> 0 ORDER BY [LogID]"));
             while (stamps.next()) {
-                anyStamp = true;
-                row(grid, {orNa(stamps.value(QStringLiteral("LogName")).toString()),
+                const QString label =
+                    shown < labels.size()
+                        ? labels.at(shown)
+                        : orNa(stamps.value(QStringLiteral("LogName")).toString());
+                row(grid, {label,
                            GridCellText::stamp(stamps.value(QStringLiteral("LastDateTime")),
                                                stamps.value(QStringLiteral("Lastms"))),
                            GridCellText::value(stamps.value(QStringLiteral("LastRecNum")))});
+                ++shown;
             }
         }
-        if (!anyStamp)
-            row(grid, {na(), na(), na()});
     } catch (const StorageError&) {
-        grid.rows.clear();
-        grid.rowKeys.clear();
-        grid.rowPictures.clear();
-        row(grid, {userText("404135", "Cannot display information") + QLatin1Char('.')});
     }
-    return grid;
+    if (shown == 0)
+        row(grid, {na(), na(), na()});
 }
 
 } // namespace lorvane

@@ -8,9 +8,13 @@
 
 namespace lorvane {
 
+class SqliteDatabase;
+
 /// The database status view (log kind 0): per used meter file one grid "Data File
 /// Information" of what the file holds: identity, size, downloads, the span and records of
-/// each log, and the last stamps. The file is read directly, without a query.
+/// each log (the snapshot records also per hour of the day), and the last stamps of partial
+/// downloads. The file is read directly, without a query; a table the file lacks shows "N/A"
+/// in its own rows.
 class DatabaseStatusView
 {
 public:
@@ -19,6 +23,11 @@ public:
     static QList<GridTable> run(const QList<LogFileEntry>& files);
     /// The grid of one file, `deviceNumber` from 1.
     static GridTable file(const LogFileEntry& file, int deviceNumber);
+
+private:
+    /// The block "Partial Downloads": the last stamp and index of each log a download can
+    /// stop in, from `LastTimeStamps`.
+    static void partialDownloads(SqliteDatabase& db, GridTable& grid);
 };
 
 } // namespace lorvane

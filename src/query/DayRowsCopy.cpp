@@ -20,6 +20,9 @@ DayWalk::Result DayRowsCopy::run(QueryContext& context, QList<LogFileEntry>& fil
     SqliteDatabase& db = context.scratch->database();
     SilentProgress silent;
     DayWalk walk(*context.scratch, context.progress ? *context.progress : silent);
+    // PQ records and waveform captures are counted as captures.
+    if (kind == LogKind::PowerQuality || kind == LogKind::Waveform)
+        walk.countsIn(userText("300023", "captures"));
     const QString master = SchemaCatalog::masterTable(static_cast<int>(kind));
     return walk.run(
         files, master, word, context.start, context.end, context.descending,

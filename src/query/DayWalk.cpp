@@ -3,10 +3,12 @@
 
 #include "AttachedMeterFiles.h"
 #include "LoadProgress.h"
+#include "platform/Fault.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/StorageError.h"
 #include "platform/UserText.h"
 #include "store/TempQueryDatabase.h"
+#include "store/WallClock.h"
 
 #include <QLocale>
 
@@ -51,10 +53,25 @@ bool readDayRow(SqliteDatabase& db, const QString& schema, const QString& master
     return true;
 }
 
+/// A day the loader could not read, told in the user's terms: the meter file and the table
+/// as the file names it, never the scratch database or the name it is attached under.
+Fault damagedDay(const StorageError& error, const QString& schema, const LogFileEntry& file,
+                 const QDate& day)
+{
+    QString detail = error.detail();
+    detail.replace(SqlIdentifier::quote(schema) + QLatin1Char('.'), QString());
+    detail.replace(schema + QLatin1Char('.'), QString());
+    return Fault(Fault::Kind::Damaged,
+                 userText("300021", "The log of this day cannot be read") + QLatin1Char(' ') +
+                     DayWalk::dateText(day) + QStringLiteral(": ") + detail + QLatin1Char('\n') +
+                     userText("300022", "Database") + QStringLiteral(": ") + file.dbPath,
+                 QStringLiteral("LoadQuery"), file.dbPath);
+}
+
 } // namespace
 
 DayWalk::DayWalk(TempQueryDatabase& scratch, LoadProgress& progress)
-    : m_scratch(scratch), m_progress(progress)
+    : m_scratch(scratch), m_progress(progress), m_countWord(userText("300019", "data points"))
 {
 }
 
@@ -84,8 +101,9 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
     Result result;
     m_progress.status(userText("300010", "Loading ") + word + userText("300011", " queries"));
 
-    const QDateTime first = std::min(start, end);
-    const QDateTime last = std::max(start, end);
+    // Meter days and hours are wall-clock readings: no bound may pass through the PC's zone.
+    const QDateTime first = WallClock::of(std::min(start, end));
+    const QDateTime last = WallClock::of(std::max(start, end));
 
     // Bounds: the earliest and latest day of the range over all files.
     QDate low;
@@ -123,10 +141,8 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
         return result;
     }
 
-    result.effectiveStart =
-        low == first.date() ? first : QDateTime(low, QTime(0, 0, 0), first.timeSpec());
-    result.effectiveEnd =
-        high == last.date() ? last : QDateTime(high, QTime(23, 59, 59), last.timeSpec());
+    result.effectiveStart = low == first.date() ? first : WallClock::at(low, QTime(0, 0, 0));
+    result.effectiveEnd = high == last.date() ? last : WallClock::at(high, QTime(23, 59, 59));
     QDateTime shownStart = result.effectiveStart;
     QDateTime shownEnd = result.effectiveEnd;
     if (descending)
@@ -138,8 +154,8 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
     const qint64 days = low.daysTo(high);
     for (qint64 step = 0; step <= days; ++step) {
         const QDate day = descending ? high.addDays(-step) : low.addDays(step);
-        const QDateTime dayStart(day, QTime(0, 0, 0), first.timeSpec());
-        const QDateTime dayEnd(day, QTime(23, 59, 59), first.timeSpec());
+        const QDateTime dayStart = WallClock::at(day, QTime(0, 0, 0));
+        const QDateTime dayEnd = WallClock::at(day, QTime(23, 59, 59));
         for (int i : withDays) {
             LogFileEntry& file = files[i];
             if (!file.readable)
@@ -161,7 +177,12 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
             m_progress.status(userText("300016", "Searching data for device") + QLatin1Char(' ') +
                               file.hardwareName + QLatin1Char(' ') + userText("300017", "at") +
                               QLatin1Char(' ') + dateText(day));
-            const VisitResult done = visit(visit_);
+            VisitResult done;
+            try {
+                done = visit(visit_);
+            } catch (const StorageError& error) {
+                throw damagedDay(error, visit_.schema, file, day);
+            }
             result.rows += done.rows;
             if (done.stop) {
                 result.stopped = true;
@@ -171,8 +192,8 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
         }
         m_progress.status(userText("300020", "At") + QLatin1Char(' ') + dateText(day) +
                           QStringLiteral(", ") + userText("300018", "you have") + QLatin1Char(' ') +
-                          QString::number(result.rows) + QLatin1Char(' ') +
-                          userText("300019", "data points") + QLatin1Char('.'));
+                          QString::number(result.rows) + QLatin1Char(' ') + m_countWord +
+                          QLatin1Char('.'));
         if (m_progress.cancelRequested()) {
             result.cancelled = true;
             result.reached = descending ? dayStart : dayEnd;

@@ -73,10 +73,15 @@ public:
     DayWalk(TempQueryDatabase& scratch, LoadProgress& progress);
 
     /// Walks `masterTable` of every used file over [start, end]. `word` names the load in the
-    /// progress text ("Loading {word} queries"). Throws StorageError when a statement of the
-    /// loader fails; the files are detached in any case.
+    /// progress text ("Loading {word} queries"). A day the loader cannot read (a missing or
+    /// damaged day table) throws a Fault naming the meter file and the table; the files are
+    /// detached in any case.
     Result run(QList<LogFileEntry>& files, const QString& masterTable, const QString& word,
                const QDateTime& start, const QDateTime& end, bool descending, const Visitor& visit);
+
+    /// The word the day's progress counts in ("At {day}, you have {n} {word}."); "data
+    /// points" unless set.
+    void countsIn(const QString& word) { m_countWord = word; }
 
     /// "Update {table} Set [DeviceIndex]={index} Where [DeviceIndex]<0": stamps the rows a
     /// visit inserted with their file's device index (from 1).
@@ -89,6 +94,7 @@ public:
 private:
     TempQueryDatabase& m_scratch;
     LoadProgress& m_progress;
+    QString m_countWord;
 };
 
 } // namespace lorvane

@@ -3,6 +3,7 @@
 
 #include "SortOptions.h"
 #include "SplitLogMeter.h"
+#include "ValueFormat.h"
 #include "platform/Fault.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
@@ -17,8 +18,7 @@ EventCellText::EventCellText(SqliteDatabase& db, const QueryNumbers& numbers,
                              const QString& dataFormat)
     : m_dates(QLocale())
 {
-    const int point = dataFormat.indexOf(QLatin1Char('.'));
-    m_decimals = point < 0 ? 0 : static_cast<int>(dataFormat.size() - point - 1);
+    m_pattern = ValueFormat::settingsPattern(dataFormat);
     SqlStatement devices =
         db.prepare(QStringLiteral("SELECT DeviceIndex, DeviceTypeID, DBPath, HardwareName FROM %1")
                        .arg(SqlIdentifier::quote(numbers.table(QStringLiteral("LogDevices_")))));
@@ -45,7 +45,7 @@ QString EventCellText::stamp(const QString& stored, double ms, StampedTime::Frac
 
 QString EventCellText::value(double number) const
 {
-    return m_dates.locale().toString(number, 'f', m_decimals);
+    return ValueFormat::text(number, m_pattern, m_dates.locale());
 }
 
 QString EventCellText::deviceName(qint64 deviceIndex) const

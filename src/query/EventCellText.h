@@ -51,7 +51,7 @@ private:
     };
     QHash<qint64, Device> m_devices;
     DateTimeText m_dates;
-    int m_decimals = 2;
+    QString m_pattern;
 };
 
 } // namespace lorvane

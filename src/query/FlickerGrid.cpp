@@ -9,7 +9,7 @@
 namespace lorvane {
 
 GridTable FlickerGrid::fill(SqliteDatabase& scratch, const QueryNumbers& numbers,
-                            const SortState& sort)
+                            const SortState& sort, const QString& dataFormat)
 {
     using F = GridColumn::Form;
     QList<GridColumn> columns{
@@ -49,7 +49,7 @@ GridTable FlickerGrid::fill(SqliteDatabase& scratch, const QueryNumbers& numbers
                                 column(stem + QStringLiteral("_ms_") + p)});
                 columns.append({name + QLatin1Char(' ') + mode,
                                 column(stem + QStringLiteral("_DTmode_") + p)});
-                columns.append({name, column(stem + QLatin1Char('_') + p)});
+                columns.append({name, column(stem + QLatin1Char('_') + p), F::Number});
             }
         }
     }
@@ -62,7 +62,7 @@ GridTable FlickerGrid::fill(SqliteDatabase& scratch, const QueryNumbers& numbers
     return GridReader::read(
         scratch, numbers, userText("404047", "Show Flicker Max/Min"), columns, keys,
         SqlIdentifier::quote(numbers.sliceTable(QStringLiteral("Flicker_MaxMin_"))),
-        SortOptions::orderBy(LogKind::Flicker, sort));
+        SortOptions::orderBy(LogKind::Flicker, sort), dataFormat);
 }
 
 } // namespace lorvane

@@ -15,9 +15,10 @@ class FlickerGrid
 {
 public:
     /// The grid of slice `numbers` in the order of `sort`, read from the query's tables
-    /// alone. Throws StorageError when the tables cannot be read.
+    /// alone; the flicker values in the `DataFormat` setting's pattern. Throws StorageError
+    /// when the tables cannot be read.
     static GridTable fill(SqliteDatabase& scratch, const QueryNumbers& numbers,
-                          const SortState& sort);
+                          const SortState& sort, const QString& dataFormat);
 };
 
 } // namespace lorvane

@@ -21,7 +21,8 @@ QList<GridTable> FlickerView::grids(QueryContext& context, const QueryNumbers& n
 {
     return {MomentSnapshot::fill(context, numbers),
             FlickerGrid::fill(context.scratch->database(), numbers,
-                              StatusView::sortState(context, LogKind::Flicker))};
+                              StatusView::sortState(context, LogKind::Flicker),
+                              context.dataFormat)};
 }
 
 } // namespace lorvane

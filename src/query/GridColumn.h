@@ -12,6 +12,7 @@ struct GridColumn
     enum class Form
     {
         Value,  ///< the value as it stands
+        Number, ///< a measured value, in the grid's number format (the `DataFormat` setting)
         Stamp,  ///< `expression` a stored stamp, `fraction` its thousandths
         Device, ///< `expression` a device index, shown as the meter's name
     };

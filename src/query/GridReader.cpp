@@ -10,7 +10,7 @@ namespace lorvane {
 GridTable GridReader::read(SqliteDatabase& scratch, const QueryNumbers& numbers,
                            const QString& caption, const QList<GridColumn>& columns,
                            const QList<QPair<QString, QString>>& keys, const QString& from,
-                           const QString& orderBy)
+                           const QString& orderBy, const QString& dataFormat)
 {
     GridTable grid;
     grid.caption = caption;
@@ -28,8 +28,8 @@ GridTable GridReader::read(SqliteDatabase& scratch, const QueryNumbers& numbers,
     for (const auto& key : keys)
         select << key.second;
 
-    // Meter names as the event grids show them; the number pattern is not used here.
-    const EventCellText text(scratch, numbers, QString());
+    // Meter names and values as the event grids show them.
+    const EventCellText text(scratch, numbers, dataFormat);
     SqlStatement rows = scratch.prepare(QStringLiteral("SELECT %1 FROM %2 ORDER BY %3")
                                             .arg(select.join(QStringLiteral(", ")), from, orderBy));
     while (rows.next()) {
@@ -45,6 +45,9 @@ GridTable GridReader::read(SqliteDatabase& scratch, const QueryNumbers& numbers,
                 break;
             case GridColumn::Form::Value:
                 cells << GridCellText::value(rows.value(at));
+                break;
+            case GridColumn::Form::Number:
+                cells << (rows.isNull(at) ? QString() : text.value(rows.real(at)));
                 break;
             }
         }

@@ -18,12 +18,12 @@ class GridReader
 {
 public:
     /// Runs "SELECT {columns and keys} FROM {from} ORDER BY {orderBy}" on the scratch database.
-    /// `keys` are (name, expression) pairs stored in each row's keys. Throws StorageError when
-    /// the statement fails.
+    /// `keys` are (name, expression) pairs stored in each row's keys; `dataFormat` is the
+    /// setting that formats the `Number` columns. Throws StorageError when the statement fails.
     static GridTable read(SqliteDatabase& scratch, const QueryNumbers& numbers,
                           const QString& caption, const QList<GridColumn>& columns,
                           const QList<QPair<QString, QString>>& keys, const QString& from,
-                          const QString& orderBy);
+                          const QString& orderBy, const QString& dataFormat = QString());
 };
 
 } // namespace lorvane

@@ -26,6 +26,11 @@ struct GridTable
     QList<QVariantMap> rowKeys;
     /// Per data row, the name of a picture shown in the row ("Wave", "Limits"), or empty.
     QStringList rowPictures;
+    /// The column the row pictures stand in.
+    int pictureColumn = 0;
+    /// Per data row of a PQ grid, the condition that colours the row ("SURGE", "SAG",
+    /// "START", "END"), or empty; other grids leave the list empty.
+    QStringList rowConditions;
 };
 
 } // namespace lorvane

@@ -2,6 +2,7 @@
 #include "LimitGrid.h"
 
 #include "EventCellText.h"
+#include "GridCellText.h"
 #include "LimitLoader.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
@@ -49,9 +50,10 @@ GridTable LimitGrid::fill(SqliteDatabase& db, const QueryNumbers& numbers, bool 
     GridTable grid;
     grid.caption = userText("403002", "Show Limits");
     grid.columns = columns();
+    // The set point reads as the meter states it ("Below 108 or 90%"), not in the grid's
+    // number format.
     const auto number = [&select](const char* column) {
-        const QVariant value = select.value(QString::fromLatin1(column));
-        return value.isNull() ? QString() : QString::number(value.toDouble());
+        return GridCellText::value(select.value(QString::fromLatin1(column)));
     };
     while (select.next()) {
         const QString start = select.text(select.columnIndex(QStringLiteral("StartDate/Time")));
@@ -68,7 +70,7 @@ GridTable LimitGrid::fill(SqliteDatabase& db, const QueryNumbers& numbers, bool 
                         StampedTime::Fraction::Thousandths),
             select.value(QStringLiteral("SDTmode")).toString(),
             select.value(QStringLiteral("EDTmode")).toString(),
-            number("Duration"),
+            GridCellText::value(select.value(QStringLiteral("Duration"))),
             cells.deviceName(device),
             select.value(QStringLiteral("DataIndex")).toString(),
             userText("403003", "Limit ") + select.value(QStringLiteral("LimitID")).toString(),

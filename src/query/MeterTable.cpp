@@ -105,9 +105,17 @@ QString MeterTable::selectedDeviceType() const
 
 bool MeterTable::splitLogMeterUsed() const
 {
-    return std::any_of(m_devices.begin(), m_devices.end(), [](const DeviceRecord& d) {
-        return d.used && d.deviceTypeId == SplitLogMeter::deviceTypeId;
-    });
+    return splitLogMeterIndex() >= 0;
+}
+
+int MeterTable::splitLogMeterIndex() const
+{
+    for (int i = 0; i < int(m_devices.size()); ++i) {
+        const DeviceRecord& d = m_devices.at(i);
+        if (d.used && d.deviceTypeId == SplitLogMeter::deviceTypeId)
+            return i;
+    }
+    return -1;
 }
 
 } // namespace lorvane

@@ -56,6 +56,8 @@ public:
     QString selectedDeviceType() const;
     /// A split-log meter is among the used entries.
     bool splitLogMeterUsed() const;
+    /// The entry (from 0) of the first used split-log meter; -1 when none is used.
+    int splitLogMeterIndex() const;
 
     /// False while a Device Master Log is meter 1: the meter 2 controls are hidden then.
     bool meter2Selectable() const { return m_meter2Selectable; }
@@ -63,6 +65,10 @@ public:
     /// Path of the current Device Master Log (`.dml`), empty when none is open.
     const QString& deviceMasterLog() const { return m_deviceMasterLog; }
     void setDeviceMasterLog(const QString& path) { m_deviceMasterLog = path; }
+    /// The log database last chosen from the Device Master Log window; "Select Log" opens it
+    /// again. Empty until one was chosen.
+    const QString& storedDevicePath() const { return m_storedDevicePath; }
+    void setStoredDevicePath(const QString& path) { m_storedDevicePath = path; }
     /// The folder the file dialog starts in next time.
     const QString& lastFolder() const { return m_lastFolder; }
     void setLastFolder(const QString& folder) { m_lastFolder = folder; }
@@ -72,6 +78,7 @@ private:
     QList<int> m_combo;
     bool m_meter2Selectable = true;
     QString m_deviceMasterLog;
+    QString m_storedDevicePath;
     QString m_lastFolder;
 };
 

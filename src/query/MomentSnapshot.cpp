@@ -29,14 +29,15 @@ QueryContext snapshotContext(const QueryContext& context)
     return snapshots;
 }
 
-constexpr int kind = static_cast<int>(LogKind::Snapshots);
+constexpr LogKind kind = LogKind::Snapshots;
 
 } // namespace
 
-void MomentSnapshot::read(const QueryContext& context, const QueryNumbers& numbers)
+void MomentSnapshot::read(const QueryContext& context, QList<LogFileEntry>& files,
+                          const QueryNumbers& numbers)
 {
     QueryContext snapshots = snapshotContext(context);
-    SnapshotLoader(snapshots, kind).load(numbers, snapshots.start, snapshots.end);
+    SnapshotLoader(snapshots, kind).load(numbers, files, snapshots.start, snapshots.end);
 }
 
 GridTable MomentSnapshot::fill(const QueryContext& context, const QueryNumbers& numbers)

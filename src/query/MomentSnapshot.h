@@ -2,7 +2,10 @@
 #pragma once
 
 #include "GridTable.h"
+#include "LogFileEntry.h"
 #include "QueryCatalog.h"
+
+#include <QList>
 
 namespace lorvane {
 
@@ -14,10 +17,12 @@ struct QueryContext;
 class MomentSnapshot
 {
 public:
-    /// Loads the snapshots of `context`'s range and selected data ids into slice `numbers`
-    /// (whose query the view created). One slice only: the view has no pages, so a range past
-    /// the row budget keeps its first part. Throws StorageError.
-    static void read(const QueryContext& context, const QueryNumbers& numbers);
+    /// Loads the snapshots of `context`'s range and selected data ids from `files` (the view's
+    /// expanded file list, whose positions are the query's device indices) into slice
+    /// `numbers` (whose query the view created). One slice only: the view has no pages, so a
+    /// range past the row budget keeps its first part. Throws StorageError.
+    static void read(const QueryContext& context, QList<LogFileEntry>& files,
+                     const QueryNumbers& numbers);
     /// The grid of the snapshots `read` left in slice `numbers`, from the scratch tables alone.
     /// Throws StorageError.
     static GridTable fill(const QueryContext& context, const QueryNumbers& numbers);

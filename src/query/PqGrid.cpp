@@ -2,6 +2,7 @@
 #include "PqGrid.h"
 
 #include "EventCellText.h"
+#include "GridCellText.h"
 #include "WaveformGrid.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
@@ -33,6 +34,16 @@ QStringList PqGrid::columns()
             userText("403057", "Record Index")};
 }
 
+QString PqGrid::conditionKey(const QString& name)
+{
+    for (const QString& key : {QStringLiteral("SURGE"), QStringLiteral("SAG"),
+                               QStringLiteral("START"), QStringLiteral("END")}) {
+        if (name.contains(key, Qt::CaseInsensitive))
+            return key;
+    }
+    return {};
+}
+
 GridTable PqGrid::fill(SqliteDatabase& db, const QueryNumbers& numbers, bool descending,
                        const QString& dataFormat, const QList<QPair<qint64, qint64>>& missing)
 {
@@ -48,12 +59,13 @@ GridTable PqGrid::fill(SqliteDatabase& db, const QueryNumbers& numbers, bool des
     GridTable grid;
     grid.caption = userText("403005", "Show PQs");
     grid.columns = columns();
+    grid.pictureColumn = waveformsColumn;
     const auto text = [&select](const char* column) {
         return select.value(QString::fromLatin1(column)).toString();
     };
-    const auto number = [&select](const char* column) {
+    const auto number = [&select, &cells](const char* column) {
         const QVariant value = select.value(QString::fromLatin1(column));
-        return value.isNull() ? QString() : QString::number(value.toDouble());
+        return value.isNull() ? QString() : cells.value(value.toDouble());
     };
     const auto tenth = StampedTime::Fraction::TenthMilliseconds;
     while (select.next()) {
@@ -66,7 +78,7 @@ GridTable PqGrid::fill(SqliteDatabase& db, const QueryNumbers& numbers, bool des
                                              tenth),
                                  text("SDTmode"),
                                  text("EDTmode"),
-                                 number("Duration"),
+                                 GridCellText::value(select.value(QStringLiteral("Duration"))),
                                  cells.deviceName(device),
                                  QString::number(device),
                                  text("ConditionName"),
@@ -95,6 +107,7 @@ GridTable PqGrid::fill(SqliteDatabase& db, const QueryNumbers& numbers, bool des
              missing.contains(QPair<qint64, qint64>(device, recCounter))}};
         const qint64 link = select.value(QStringLiteral("WaveformLink")).toLongLong();
         grid.rowPictures << (link != 0 ? QStringLiteral("Wave") : QString());
+        grid.rowConditions << conditionKey(text("ConditionName"));
     }
     return grid;
 }

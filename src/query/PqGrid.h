@@ -17,13 +17,18 @@ class PqGrid
 public:
     /// The heading row.
     static QStringList columns();
+    /// The column of the capture picture, "Waveforms".
+    static constexpr int waveformsColumn = 12;
+    /// The condition that colours a row of condition `name`: the first of "SURGE", "SAG",
+    /// "START" and "END" the name holds (any case), or empty.
+    static QString conditionKey(const QString& name);
 
     /// Reads `PQLog_{Q}_{S}` in time order (descending when asked), meters and channels
     /// ascending within one instant. `missing` lists (`DeviceIndex`, `RecCounter`) of records
     /// whose capture the link check did not find: their key `CaptureMissing` is true. Keys per
     /// row: `DeviceIndex`, `Index`, `RecCounter`, `SWNumber`, `EWNumber`, `StartDateTime`,
-    /// `Startms`, `Condition` (the colour key: "SURGE", "SAG" ...), `CaptureMissing`; the
-    /// picture "Wave" when `WaveformLink` is set. Throws StorageError.
+    /// `Startms`, `Condition`, `CaptureMissing`; the picture "Wave" in the "Waveforms" column
+    /// when `WaveformLink` is set, and the row's condition colour key. Throws StorageError.
     static GridTable fill(SqliteDatabase& db, const QueryNumbers& numbers, bool descending,
                           const QString& dataFormat,
                           const QList<QPair<qint64, qint64>>& missing = {});

@@ -32,14 +32,13 @@ QList<LogFileEntry> indexedLike(QList<LogFileEntry> part, const QList<LogFileEnt
 
 ViewResult PqView::run(QueryContext& context)
 {
-    constexpr int kind = static_cast<int>(LogKind::PowerQuality);
+    constexpr LogKind kind = LogKind::PowerQuality;
     // A split-log meter keeps PQ records and captures in different files: the query's device
     // list holds the PQ files, then the capture files not already among them, so that every
     // row's device index names the file it came from.
     const QList<LogFileEntry> pqPart =
         LogFileList::expand(context.files, LogFileList::pqFileOnlyKind);
-    const QList<LogFileEntry> wavePart =
-        LogFileList::expand(context.files, static_cast<int>(LogKind::Waveform));
+    const QList<LogFileEntry> wavePart = LogFileList::expand(context.files, int(LogKind::Waveform));
     QList<LogFileEntry> all = pqPart;
     for (const LogFileEntry& entry : wavePart) {
         if (std::none_of(all.cbegin(), all.cend(),

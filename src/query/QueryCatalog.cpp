@@ -23,9 +23,9 @@ QString QueryCatalog::stamp(const QDateTime& time)
     return time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
-QStringList QueryCatalog::queryTableBases(int queryType)
+QStringList QueryCatalog::queryTableBases(LogKind queryType)
 {
-    switch (static_cast<LogKind>(queryType)) {
+    switch (queryType) {
     case LogKind::Snapshots:
     case LogKind::Demand:
     case LogKind::Flicker:
@@ -39,14 +39,14 @@ QStringList QueryCatalog::queryTableBases(int queryType)
     }
 }
 
-QStringList QueryCatalog::sliceTableBases(int queryType)
+QStringList QueryCatalog::sliceTableBases(LogKind queryType)
 {
     const QString tagNames = QStringLiteral("TagNames_");
     const QString histLog = QStringLiteral("HistLog_");
     const QString scaled = QStringLiteral("ScaledFormats");
     const QStringList capture{QStringLiteral("WaveformLog_"), QStringLiteral("PQWaveLogDataItem_"),
                               QStringLiteral("HSInputLabels_"), QStringLiteral("FullScales_")};
-    switch (static_cast<LogKind>(queryType)) {
+    switch (queryType) {
     case LogKind::Snapshots:
     case LogKind::Demand:
         return {tagNames, histLog, scaled};
@@ -81,13 +81,14 @@ qint64 QueryCatalog::newSlice(qint64 query, const QDateTime& start, const QDateT
     return db.lastInsertRowId();
 }
 
-QueryNumbers QueryCatalog::createQuery(const QDateTime& start, const QDateTime& end, int queryType,
-                                       const QList<LogFileEntry>& files)
+QueryNumbers QueryCatalog::createQuery(const QDateTime& start, const QDateTime& end,
+                                       LogKind queryType, const QList<LogFileEntry>& files)
 {
     SqliteDatabase& db = m_scratch.database();
+    // The catalogue keeps the range in time order; the direction belongs to the view.
     db.execute(QStringLiteral("INSERT INTO AllQueries ([StartDate/Time], [EndDate/Time], "
                               "[QueryType]) VALUES (?, ?, ?)"),
-               {stamp(start), stamp(end), queryType});
+               {stamp(std::min(start, end)), stamp(std::max(start, end)), int(queryType)});
     QueryNumbers numbers;
     numbers.query = db.lastInsertRowId();
 
@@ -114,7 +115,7 @@ QueryNumbers QueryCatalog::createQuery(const QDateTime& start, const QDateTime& 
 }
 
 QueryNumbers QueryCatalog::addSlice(qint64 query, const QDateTime& start, const QDateTime& end,
-                                    int queryType)
+                                    LogKind queryType)
 {
     QueryNumbers numbers{query, newSlice(query, start, end)};
     for (const QString& base : sliceTableBases(queryType))

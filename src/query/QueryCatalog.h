@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LogFileEntry.h"
+#include "store/LogKind.h"
 
 #include <QDateTime>
 #include <QList>
@@ -34,18 +35,18 @@ public:
     /// "create query": the `AllQueries` row, `LogDevices_{Q}` with one row per file (index
     /// from 1), `HistSubQuery_{Q}` with the first slice, and the slice tables of `queryType`.
     /// Times are stored as `YYYY-MM-DD HH:MM:SS`. Throws StorageError.
-    QueryNumbers createQuery(const QDateTime& start, const QDateTime& end, int queryType,
+    QueryNumbers createQuery(const QDateTime& start, const QDateTime& end, LogKind queryType,
                              const QList<LogFileEntry>& files);
     /// A further slice of a running query over a new range, with its own slice tables.
     QueryNumbers addSlice(qint64 query, const QDateTime& start, const QDateTime& end,
-                          int queryType);
+                          LogKind queryType);
     /// Stores the end a slice reached (the row budget stops a slice early).
     void setSliceEnd(const QueryNumbers& numbers, const QDateTime& end);
 
     /// Base names of the tables a query type owns, in the order they are made; those with a
     /// slice number and those without.
-    static QStringList sliceTableBases(int queryType);
-    static QStringList queryTableBases(int queryType);
+    static QStringList sliceTableBases(LogKind queryType);
+    static QStringList queryTableBases(LogKind queryType);
 
     /// The contract's text form of a time, as stored in every date column.
     static QString stamp(const QDateTime& time);

@@ -40,6 +40,8 @@ struct QueryContext
     /// Date/Time).
     int typeFilter = 0;
     QString sortColumn;
+    /// Snapshots "Group By Type": the record type ascending comes before every other key.
+    bool groupByType = false;
 };
 
 } // namespace lorvane

@@ -82,7 +82,7 @@ SelectionCheck::Result SelectionCheck::validate(int button, const MeterTable& me
         result.ok = true;
         return result;
     }
-    const int logKind = ViewDispatch::logKindOf(button);
+    const int logKind = int(ViewDispatch::logKindOf(button));
     for (int i = 0; i < meters.maxDevices(); ++i) {
         if (!meters.device(i).used)
             continue;

@@ -13,6 +13,7 @@
 #include <QMap>
 #include <algorithm>
 #include <optional>
+#include <tuple>
 
 namespace lorvane {
 
@@ -24,6 +25,7 @@ constexpr int fixedColumns = 4;
 struct Line
 {
     QString stored;
+    qint64 clock = 0;
     qint64 ms = 0;
     qint64 mode = 0;
     qint64 type = 0;
@@ -32,6 +34,32 @@ struct Line
     QList<std::optional<double>> values;
 };
 
+/// One value row of the slice as read.
+struct ValueRow
+{
+    QString stored;
+    /// The stored time's digits as one number (YYYYMMDDhhmmss), which orders as the text does.
+    qint64 clock = 0;
+    qint64 ms = 0;
+    qint64 mode = 0;
+    qint64 type = 0;
+    qint64 profile = 0;
+    qint64 device = 0;
+    qint64 dataId = 0;
+    std::optional<double> value;
+    qint64 rowid = 0;
+};
+
+qint64 clockNumber(const QString& stored)
+{
+    qint64 number = 0;
+    for (const QChar c : stored) {
+        if (c.isDigit())
+            number = number * 10 + c.digitValue();
+    }
+    return number;
+}
+
 QString devData(qint64 device, qint64 dataId)
 {
     return QString::number(device) + QLatin1Char('_') + QString::number(dataId);
@@ -39,7 +67,9 @@ QString devData(qint64 device, qint64 dataId)
 
 } // namespace
 
-SnapshotGrid::SnapshotGrid(const QueryContext& context) : m_context(context), m_dateTime(QLocale())
+SnapshotGrid::SnapshotGrid(const QueryContext& context)
+    : m_context(context), m_dateTime(QLocale()),
+      m_plainPattern(ValueFormat::settingsPattern(context.dataFormat))
 {
     if (!context.dictionary)
         return;
@@ -66,23 +96,37 @@ QString SnapshotGrid::label(qint32 dataId) const
 }
 
 QString SnapshotGrid::cellText(double value, qint64 deviceIndex, qint32 dataId, qint64 profileIndex,
-                               const QHash<QString, QString>& scaledPatterns) const
+                               const QHash<QString, ScaledEnergyFormat>& scaledFormats) const
 {
     const QLocale& locale = m_dateTime.locale();
-    const QString plain = ValueFormat::settingsPattern(m_context.dataFormat);
-    const std::optional<DeviceDataLookUp::Entry> kind = m_lookUp.find(dataId);
-    if (kind && kind->type == DeviceDataLookUp::PowerFactorBand)
-        return ValueFormat::powerFactorText(value, plain, locale);
-    if (m_context.useScaledFormats) {
-        if (const std::optional<DeviceScaledFormats::Entry> scaled = m_scaledFormats.find(dataId)) {
-            const QString key =
-                QStringLiteral("%1/%2/%3").arg(deviceIndex).arg(profileIndex).arg(scaled->formatId);
-            const auto pattern = scaledPatterns.constFind(key);
-            if (pattern != scaledPatterns.constEnd())
-                return ValueFormat::text(value, *pattern, locale);
+    // The dictionary's rule of a point is looked up once per point, not once per cell.
+    auto rule = m_rules.constFind(dataId);
+    if (rule == m_rules.constEnd()) {
+        PointRule found;
+        const std::optional<DeviceDataLookUp::Entry> kind = m_lookUp.find(dataId);
+        found.powerFactor = kind && kind->type == DeviceDataLookUp::PowerFactorBand;
+        if (m_context.useScaledFormats) {
+            if (const std::optional<DeviceScaledFormats::Entry> scaled =
+                    m_scaledFormats.find(dataId))
+                found.formatId = scaled->formatId;
+        }
+        rule = m_rules.insert(dataId, found);
+    }
+    if (rule->powerFactor)
+        return ValueFormat::powerFactorText(value, m_plainPattern, locale);
+    if (rule->formatId >= 0) {
+        const QString key =
+            QStringLiteral("%1/%2/%3").arg(deviceIndex).arg(profileIndex).arg(rule->formatId);
+        const auto format = scaledFormats.constFind(key);
+        if (format != scaledFormats.constEnd()) {
+            // The meter logs the value in the unit its format names: the prefix goes with
+            // the number, never a rescaling.
+            const QString prefix = format->unitPrefix();
+            const QString number = ValueFormat::text(value, format->pattern(), locale);
+            return prefix.isEmpty() ? number : number + QLatin1Char(' ') + prefix;
         }
     }
-    return ValueFormat::text(value, plain, locale);
+    return ValueFormat::text(value, m_plainPattern, locale);
 }
 
 GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption) const
@@ -105,37 +149,68 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
             devices.insert(select.integer(0), {select.integer(1), select.text(2)});
     }
     // Scaled formats of the slice by device, profile and format id.
-    QHash<QString, QString> scaledPatterns;
+    QHash<QString, ScaledEnergyFormat> scaledFormats;
     if (m_context.useScaledFormats) {
         SqlStatement select = db.prepare(
-            QStringLiteral("SELECT [DeviceIndex], [ProfileIndex], [FormatID], [Decimals] FROM ") +
+            QStringLiteral(
+                "SELECT [DeviceIndex], [ProfileIndex], [FormatID], [Units], [Decimals] FROM ") +
             SqlIdentifier::quote(numbers.sliceTable(QStringLiteral("ScaledFormats_"))));
         while (select.next()) {
             const QString key = QStringLiteral("%1/%2/%3")
                                     .arg(select.integer(0))
                                     .arg(select.integer(1))
                                     .arg(select.integer(2));
-            if (!scaledPatterns.contains(key))
-                scaledPatterns.insert(key, ValueFormat::scaledPattern(int(select.integer(3))));
+            if (!scaledFormats.contains(key))
+                scaledFormats.insert(
+                    key, ScaledEnergyFormat(int(select.integer(3)), int(select.integer(4))));
         }
     }
 
-    // The pivot's columns: every key of the slice in ascending text order.
-    const QString typeWhere =
-        m_context.typeFilter != 0 ? QStringLiteral(" WHERE [TypeID] = ?") : QString();
-    QVariantList typeValues;
+    // One read of the slice in its stored order; the order of the grid is made here, which
+    // costs far less than the database's sorter over every value row of a page.
+    QString sql = QStringLiteral("SELECT [Date/Time], [ms], [DTmode], [TypeID], [ProfileIndex], "
+                                 "[DeviceIndex], [DataID], [Value], rowid FROM ") +
+                  source;
     if (m_context.typeFilter != 0)
-        typeValues << m_context.typeFilter;
+        sql += QStringLiteral(" WHERE [TypeID] = ?");
+    SqlStatement select = db.prepare(sql);
+    if (m_context.typeFilter != 0)
+        select.bindAll({m_context.typeFilter});
+    QList<ValueRow> values;
+    // The pivot's columns: every key of the slice in ascending text order.
     QMap<QString, std::pair<qint64, qint64>> keys;
-    {
-        SqlStatement select = db.prepare(
-            QStringLiteral("SELECT DISTINCT [DeviceIndex], [DataID] FROM ") + source + typeWhere);
-        select.bindAll(typeValues);
-        while (select.next())
-            keys.insert(devData(select.integer(0), select.integer(1)),
-                        {select.integer(0), select.integer(1)});
+    while (select.next()) {
+        ValueRow row{select.text(0),    0,
+                     select.integer(1), select.integer(2),
+                     select.integer(3), select.integer(4),
+                     select.integer(5), select.integer(6),
+                     std::nullopt,      select.integer(8)};
+        row.clock = clockNumber(row.stored);
+        if (!select.isNull(7))
+            row.value = select.real(7);
+        const QString key = devData(row.device, row.dataId);
+        if (!keys.contains(key))
+            keys.insert(key, {row.device, row.dataId});
+        values.append(std::move(row));
     }
-    // Columns by device and data id as one number: the read below looks one up per value.
+    // The group keys in the view's direction, then the order of reading, so the first value
+    // of a key at an instant is the one kept. Grouped by type, the type comes first and
+    // always ascending.
+    const bool descending = m_context.descending;
+    const bool grouped = m_context.groupByType;
+    std::sort(values.begin(), values.end(),
+              [descending, grouped](const ValueRow& a, const ValueRow& b) {
+                  if (grouped && a.type != b.type)
+                      return a.type < b.type;
+                  if (a.clock != b.clock)
+                      return descending ? b.clock < a.clock : a.clock < b.clock;
+                  if (a.ms != b.ms)
+                      return descending ? b.ms < a.ms : a.ms < b.ms;
+                  return std::tie(a.mode, a.type, a.profile, a.rowid) <
+                         std::tie(b.mode, b.type, b.profile, b.rowid);
+              });
+
+    // Columns by device and data id as one number: the rows below look one up per value.
     const auto columnKey = [](qint64 device, qint64 dataId) { return (device << 32) ^ dataId; };
     QHash<qint64, int> columnOf;
     QStringList firstHeading{userText("402007", "Device Index/Type/Data ID"), QString(), QString(),
@@ -151,46 +226,32 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
     }
     grid.headingRows << firstHeading << secondHeading;
 
-    // One ordered read: the group keys in the view's direction, then read order, so the
-    // first value of a key at an instant is the one kept.
-    const QString direction = m_context.descending ? QStringLiteral("DESC") : QStringLiteral("ASC");
-    SqlStatement select = db.prepare(
-        QStringLiteral("SELECT [Date/Time], [ms], [DTmode], [TypeID], [ProfileIndex], "
-                       "[DeviceIndex], [DataID], [Value] FROM %1%2 ORDER BY [Date/Time] %3, "
-                       "[ms] %3, [DTmode], [TypeID], [ProfileIndex], rowid")
-            .arg(source, typeWhere, direction));
-    select.bindAll(typeValues);
     QList<Line> lines;
     const QString format = m_dateTime.dateTimeFormat();
     const int width = int(grid.columns.size());
-    while (select.next()) {
-        const QString stored = select.text(0);
-        const qint64 ms = select.integer(1);
-        const qint64 mode = select.integer(2);
-        const qint64 type = select.integer(3);
-        const qint64 profile = select.integer(4);
-        if (lines.isEmpty() || lines.last().stored != stored || lines.last().ms != ms ||
-            lines.last().mode != mode || lines.last().type != type ||
-            lines.last().profile != profile) {
-            Line line{stored, ms, mode, type, profile, {}, {}};
+    for (const ValueRow& row : values) {
+        if (lines.isEmpty() || lines.last().clock != row.clock || lines.last().ms != row.ms ||
+            lines.last().mode != row.mode || lines.last().type != row.type ||
+            lines.last().profile != row.profile) {
+            Line line{row.stored, row.clock, row.ms, row.mode, row.type, row.profile, {}, {}};
             line.values.resize(width);
-            const QDateTime clock = StampedTime::parseClock(stored);
+            const QDateTime clock = StampedTime::parseClock(row.stored);
             line.timeText =
-                StampedTime(clock, double(ms), int(mode))
+                StampedTime(clock, double(row.ms), int(row.mode))
                     .text(format, m_dateTime.locale(), StampedTime::Fraction::Thousandths);
             lines.append(std::move(line));
         }
-        const int column = columnOf.value(columnKey(select.integer(5), select.integer(6)));
+        const int column = columnOf.value(columnKey(row.device, row.dataId));
         std::optional<double>& cell = lines.last().values[column];
-        if (!cell && !select.isNull(7))
-            cell = select.real(7);
+        if (!cell && row.value)
+            cell = row.value;
     }
 
-    // Another sort item: its values, then the time text, both in the chosen direction.
+    // Another sort item: its values in the chosen direction; equal values keep the order of
+    // the read (type when grouped, then time), never the order of the time's display text.
     const QString sortColumn = m_context.sortColumn;
     const int sortIndex = sortColumn.isEmpty() ? -1 : int(grid.columns.indexOf(sortColumn));
     if (sortIndex > 0) {
-        const bool descending = m_context.descending;
         const auto keyOf = [sortIndex](const Line& line) -> std::optional<double> {
             switch (sortIndex) {
             case 1:
@@ -204,12 +265,12 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
             }
         };
         std::stable_sort(lines.begin(), lines.end(), [&](const Line& a, const Line& b) {
+            if (grouped && a.type != b.type)
+                return a.type < b.type;
             const std::optional<double> ka = keyOf(a);
             const std::optional<double> kb = keyOf(b);
             // An empty cell sorts before every value, as a NULL does.
-            if (ka != kb)
-                return descending ? kb < ka : ka < kb;
-            return descending ? b.timeText < a.timeText : a.timeText < b.timeText;
+            return descending ? kb < ka : ka < kb;
         });
     }
 
@@ -227,7 +288,7 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
                 continue;
             }
             const auto [device, dataId] = columnKeys.value(c);
-            row << cellText(*value, device, dataId, line.profile, scaledPatterns);
+            row << cellText(*value, device, dataId, line.profile, scaledFormats);
         }
         grid.rows << row;
         grid.rowKeys << QVariantMap{{QStringLiteral("Date/Time"), line.stored},

@@ -6,6 +6,7 @@
 #include "store/DateTimeText.h"
 #include "store/DeviceDataLookUp.h"
 #include "store/DeviceScaledFormats.h"
+#include "store/ScaledEnergyFormat.h"
 
 #include <QHash>
 #include <QString>
@@ -28,20 +29,31 @@ public:
     /// The grid of slice `numbers`: the columns "Date/Time", "DTmode", "Record Type",
     /// "Profile Index" and one per `Dev_Data`; the heading rows "Device Index/Type/Data ID"
     /// and the data names; rows in the view's direction, or by the context's sort column
-    /// (a `Dev_Data` key or a fixed column's name) with the time text as second key.
+    /// (a `Dev_Data` key or a fixed column's name), equal keys in time order; grouped by type,
+    /// the record type ascending first. A scaled energy value shows its format's decimals
+    /// and the unit prefix its `Units` name.
     /// `caption` names the grid. Throws StorageError when the slice's tables cannot be read.
     GridTable fill(const QueryNumbers& numbers, const QString& caption) const;
 
 private:
     QString cellText(double value, qint64 deviceIndex, qint32 dataId, qint64 profileIndex,
-                     const QHash<QString, QString>& scaledPatterns) const;
+                     const QHash<QString, ScaledEnergyFormat>& scaledFormats) const;
     QString label(qint32 dataId) const;
+
+    /// How the cells of one data point are formatted, from the dictionary.
+    struct PointRule
+    {
+        bool powerFactor = false;
+        qint32 formatId = -1; ///< the scaled format's id, -1 for none
+    };
 
     const QueryContext& m_context;
     DateTimeText m_dateTime;
+    QString m_plainPattern;
     DeviceDataLookUp m_lookUp;
     DeviceScaledFormats m_scaledFormats;
     mutable QHash<qint32, QString> m_labels;
+    mutable QHash<qint32, PointRule> m_rules;
 };
 
 } // namespace lorvane

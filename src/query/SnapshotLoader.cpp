@@ -7,7 +7,9 @@
 #include "platform/UserText.h"
 #include "store/LogKind.h"
 #include "store/SchemaCatalog.h"
+#include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
+#include "store/WallClock.h"
 
 #include <SQLiteCpp/Database.h>
 
@@ -29,15 +31,15 @@ bool attachedTableExists(SqliteDatabase& db, const QString& schema, const QStrin
 
 } // namespace
 
-SnapshotLoader::SnapshotLoader(QueryContext& context, int logKind)
+SnapshotLoader::SnapshotLoader(QueryContext& context, LogKind logKind)
     : m_context(context), m_logKind(logKind)
 {
 }
 
-QString SnapshotLoader::masterTable(int logKind)
+QString SnapshotLoader::masterTable(LogKind logKind)
 {
-    return logKind == int(LogKind::Demand) ? QStringLiteral("AllEnergyDemandLogs")
-                                           : QStringLiteral("AllHistoricalLogs");
+    return logKind == LogKind::Demand ? QStringLiteral("AllEnergyDemandLogs")
+                                      : QStringLiteral("AllHistoricalLogs");
 }
 
 QString SnapshotLoader::filterSql() const
@@ -65,8 +67,8 @@ QVariantList SnapshotLoader::filterValues() const
     return values;
 }
 
-DayWalk::Result SnapshotLoader::load(const QueryNumbers& numbers, const QDateTime& from,
-                                     const QDateTime& to)
+DayWalk::Result SnapshotLoader::load(const QueryNumbers& numbers, QList<LogFileEntry>& files,
+                                     const QDateTime& from, const QDateTime& to)
 {
     m_numbers = numbers;
     m_target = numbers.sliceTable(QStringLiteral("HistLog_"));
@@ -86,10 +88,10 @@ DayWalk::Result SnapshotLoader::load(const QueryNumbers& numbers, const QDateTim
     SilentProgress silent;
     LoadProgress& progress = m_context.progress ? *m_context.progress : silent;
     DayWalk walk(*m_context.scratch, progress);
-    const QString word = m_logKind == int(LogKind::Demand) ? userText("302001", "demand")
-                                                           : userText("302002", "snapshots");
+    const QString word = m_logKind == LogKind::Demand ? userText("302001", "demand")
+                                                      : userText("302002", "snapshots");
     DayWalk::Result result =
-        walk.run(m_context.files, masterTable(m_logKind), word, from, to, m_context.descending,
+        walk.run(files, masterTable(m_logKind), word, from, to, m_context.descending,
                  [this](const DayVisit& v) { return visit(v); });
     result.rows =
         m_context.scratch->database()
@@ -116,9 +118,8 @@ VisitResult SnapshotLoader::visit(const DayVisit& v)
         const int hour = v.descending ? 23 - step : step;
         if (v.row.values.value(QStringLiteral("Hour_%1").arg(hour)).toLongLong() == 0)
             continue;
-        QDateTime from =
-            std::max(v.from, QDateTime(v.row.day, QTime(hour, 0, 0), v.from.timeSpec()));
-        QDateTime to = std::min(v.to, QDateTime(v.row.day, QTime(hour, 59, 59), v.to.timeSpec()));
+        QDateTime from = std::max(v.from, WallClock::at(v.row.day, QTime(hour, 0, 0)));
+        QDateTime to = std::min(v.to, WallClock::at(v.row.day, QTime(hour, 59, 59)));
         if (m_cut.isValid()) {
             if (v.descending)
                 from = std::max(from, m_cut);
@@ -135,6 +136,10 @@ VisitResult SnapshotLoader::visit(const DayVisit& v)
             break;
         }
     }
+    // Files read after the cut on its day bring their rows up to the cut: the budget holds
+    // for the whole slice, not for each meter.
+    if (m_cut.isValid() && m_rows > m_context.tempLogRecSize)
+        added -= trimToBudget();
     return VisitResult{added, false, {}};
 }
 
@@ -142,7 +147,7 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
                                 const QDateTime& to)
 {
     SqliteDatabase& db = m_context.scratch->database();
-    const LogKind kind = LogKind(m_logKind);
+    const LogKind kind = m_logKind;
     const QString timeTable = SchemaCatalog::hourTimeIndexTable(kind, v.row.logTablesIndex, hour);
     const QString valueTable = SchemaCatalog::hourValueTable(kind, v.row.logTablesIndex, hour);
     // An hour flagged without its tables holds nothing to read.
@@ -258,8 +263,34 @@ void SnapshotLoader::cutAtBudget(qint64 deviceIndex)
     db.execute(QStringLiteral("DELETE FROM %1 WHERE [Date/Time] %2 ?").arg(target, beyond),
                {reached});
     m_rows -= db.handle().getChanges();
-    m_cut = QDateTime::fromString(reached, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-    m_cut.setTimeSpec(m_context.start.timeSpec());
+    m_cut = StampedTime::parseClock(reached);
+}
+
+qint64 SnapshotLoader::trimToBudget()
+{
+    SqliteDatabase& db = m_context.scratch->database();
+    const QString target = SqlIdentifier::quote(m_target);
+    const bool descending = m_context.descending;
+    // Whole instants in the order of reading, as many as the budget holds (at least one).
+    SqlStatement instants =
+        db.prepare(QStringLiteral("SELECT [Date/Time], count(*) FROM %1 GROUP BY [Date/Time] "
+                                  "ORDER BY [Date/Time] %2")
+                       .arg(target, descending ? QStringLiteral("DESC") : QStringLiteral("ASC")));
+    qint64 total = 0;
+    QString kept;
+    while (instants.next()) {
+        total += instants.value(1).toLongLong();
+        if (total > m_context.tempLogRecSize && !kept.isEmpty())
+            break;
+        kept = instants.text(0);
+    }
+    db.execute(QStringLiteral("DELETE FROM %1 WHERE [Date/Time] %2 ?")
+                   .arg(target, descending ? QStringLiteral("<") : QStringLiteral(">")),
+               {kept});
+    const qint64 removed = db.handle().getChanges();
+    m_rows -= removed;
+    m_cut = StampedTime::parseClock(kept);
+    return removed;
 }
 
 void SnapshotLoader::copyScaledFormats(const DayVisit& v)

@@ -3,6 +3,7 @@
 
 #include "DayWalk.h"
 #include "QueryCatalog.h"
+#include "store/LogKind.h"
 
 #include <QDateTime>
 #include <QSet>
@@ -21,18 +22,20 @@ class SqliteDatabase;
 class SnapshotLoader
 {
 public:
-    /// `logKind` 3 (snapshots, master `AllHistoricalLogs`) or 4 (energy/demand,
+    /// `logKind` Snapshots (master `AllHistoricalLogs`) or Demand (energy/demand,
     /// `AllEnergyDemandLogs`). The context must outlive the loader.
-    SnapshotLoader(QueryContext& context, int logKind);
+    SnapshotLoader(QueryContext& context, LogKind logKind);
 
     /// Loads slice `numbers` over the range from `from` to `to` in the view's direction
     /// (`from` later than `to` when descending). The result's `stopped` says the budget ended
     /// the slice at `reached`; a slice never ends inside an instant unless that instant alone
     /// is larger than the budget. Throws StorageError when a statement fails.
-    DayWalk::Result load(const QueryNumbers& numbers, const QDateTime& from, const QDateTime& to);
+    /// `files` is the expanded file list the query was created with.
+    DayWalk::Result load(const QueryNumbers& numbers, QList<LogFileEntry>& files,
+                         const QDateTime& from, const QDateTime& to);
 
     /// The master table of a snapshot kind.
-    static QString masterTable(int logKind);
+    static QString masterTable(LogKind logKind);
 
 private:
     VisitResult visit(const DayVisit& visit);
@@ -42,12 +45,15 @@ private:
     int excludedModeOfHour();
     /// Ends the slice at the last whole instant once the budget is spent.
     void cutAtBudget(qint64 deviceIndex);
+    /// Moves the cut back to the last whole instant the budget holds over every file read so
+    /// far; returns the rows taken out.
+    qint64 trimToBudget();
     void copyScaledFormats(const DayVisit& visit);
     QString filterSql() const;
     QVariantList filterValues() const;
 
     QueryContext& m_context;
-    int m_logKind;
+    LogKind m_logKind;
     QueryNumbers m_numbers;
     QString m_target;
     QString m_timeIndex;

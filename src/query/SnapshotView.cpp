@@ -2,6 +2,7 @@
 #include "SnapshotView.h"
 
 #include "DayWalk.h"
+#include "LogFileList.h"
 #include "QueryContext.h"
 #include "SnapshotGrid.h"
 #include "SnapshotLoader.h"
@@ -10,21 +11,23 @@
 
 namespace lorvane {
 
-SnapshotView::SnapshotView(QueryContext& context, int logKind)
+SnapshotView::SnapshotView(QueryContext& context, LogKind logKind)
     : m_context(context), m_logKind(logKind)
 {
 }
 
-QString SnapshotView::caption(int logKind)
+QString SnapshotView::caption(LogKind logKind)
 {
-    return logKind == int(LogKind::Demand) ? userText("402008", "Show Energy && Demand")
-                                           : userText("402009", "Show Snapshots");
+    return logKind == LogKind::Demand ? userText("402008", "Show Energy && Demand")
+                                      : userText("402009", "Show Snapshots");
 }
 
 ViewResult SnapshotView::load()
 {
     QueryCatalog catalog(*m_context.scratch);
-    m_numbers = catalog.createQuery(m_context.start, m_context.end, m_logKind, m_context.files);
+    // A split-log meter reads its interval logs: the query's devices are the expanded files.
+    m_files = LogFileList::expand(m_context.files, int(m_logKind));
+    m_numbers = catalog.createQuery(m_context.start, m_context.end, m_logKind, m_files);
     m_ranges.clear();
     m_noData = false;
     m_cancelled = false;
@@ -35,7 +38,7 @@ ViewResult SnapshotView::load()
 bool SnapshotView::readSlice(const QueryNumbers& numbers, const QDateTime& from, bool first)
 {
     SnapshotLoader loader(m_context, m_logKind);
-    const DayWalk::Result walk = loader.load(numbers, from, m_context.end);
+    const DayWalk::Result walk = loader.load(numbers, m_files, from, m_context.end);
     const bool complete = !walk.stopped && !walk.cancelled;
     if (walk.stopped)
         QueryCatalog(*m_context.scratch).setSliceEnd(numbers, walk.reached);
@@ -121,7 +124,8 @@ ViewResult SnapshotView::current() const
     return result;
 }
 
-QList<ViewResult> SnapshotView::run(QueryContext& context, const ViewRequest& request, int logKind)
+QList<ViewResult> SnapshotView::run(QueryContext& context, const ViewRequest& request,
+                                    LogKind logKind)
 {
     SnapshotView view(context, logKind);
     QList<ViewResult> pages{view.load()};

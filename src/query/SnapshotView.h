@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "LogFileEntry.h"
 #include "QueryCatalog.h"
 #include "QueryPager.h"
 #include "ViewRegistry.h"
@@ -18,8 +19,8 @@ struct QueryContext;
 class SnapshotView
 {
 public:
-    /// `logKind` 3 or 4. The context must outlive the view.
-    SnapshotView(QueryContext& context, int logKind);
+    /// `logKind` Snapshots or Demand. The context must outlive the view.
+    SnapshotView(QueryContext& context, LogKind logKind);
 
     /// A fresh press: `create query`, the first slice, its grid. Throws StorageError.
     ViewResult load();
@@ -35,9 +36,10 @@ public:
     const QueryNumbers& numbers() const { return m_numbers; }
 
     /// The caption of the kind's grid ("Show Snapshots", "Show Energy && Demand").
-    static QString caption(int logKind);
+    static QString caption(LogKind logKind);
     /// The registry's form: the pages `request` names, read in order.
-    static QList<ViewResult> run(QueryContext& context, const ViewRequest& request, int logKind);
+    static QList<ViewResult> run(QueryContext& context, const ViewRequest& request,
+                                 LogKind logKind);
 
 private:
     struct PageRange
@@ -51,7 +53,9 @@ private:
     ViewResult current() const;
 
     QueryContext& m_context;
-    int m_logKind;
+    LogKind m_logKind;
+    /// The files the query reads, expanded once when it is created.
+    QList<LogFileEntry> m_files;
     QueryNumbers m_numbers;
     QueryPager m_pager;
     QHash<qint64, PageRange> m_ranges;

@@ -56,7 +56,7 @@ QList<SortItem> SortOptions::items(LogKind kind, const QStringList& dataColumns)
             list.append({column, {column}});
         break;
     case LogKind::Limits:
-        list.append({userText("304002", "Data Point"), cols({"[DataID]"})});
+        list.append({userText("304002", "Data Point"), cols({"[TextName]"})});
         list.append({userText("304003", "Duration"), cols({"[Duration]"})});
         list.append({userText("304004", "State"), cols({"[LState]"})});
         list.append({userText("304005", "Value"), cols({"[LValue]"})});

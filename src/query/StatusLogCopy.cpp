@@ -64,15 +64,18 @@ DayWalk::Result StatusLogCopy::load(QueryContext& context, QList<LogFileEntry>& 
     }
     const QString where = anyStamp.join(QStringLiteral(" OR "));
 
-    DayWalk walk(*context.scratch, *context.progress);
+    SilentProgress silent;
+    DayWalk walk(*context.scratch, context.progress ? *context.progress : silent);
     return walk.run(files, SchemaCatalog::masterTable(static_cast<int>(log.kind)), log.word,
                     context.start, context.end, context.descending, [&](const DayVisit& visit) {
                         const QString day =
                             SchemaCatalog::dayTable(log.kind, visit.row.logTablesIndex);
                         const QString columns = sharedColumns(db, visit.schema, day, target);
-                        // A day row whose table is missing from the file holds nothing to read.
+                        // A day the index names without its table is damaged, as for every
+                        // other log: the walk reports it with the file and the table.
                         if (columns.isEmpty())
-                            return VisitResult{};
+                            throw StorageError(StorageError::Kind::Engine, visit.file->dbPath,
+                                               QStringLiteral("no such table: ") + day);
                         db.execute(QStringLiteral("INSERT INTO %1 (%2) SELECT %2 FROM %3 WHERE %4")
                                        .arg(SqlIdentifier::quote(target), columns,
                                             qualified(visit.schema, day), where),

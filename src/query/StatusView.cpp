@@ -33,7 +33,7 @@ StatusView::Loader StatusView::withMomentSnapshot(Loader load)
     return [load = std::move(load)](QueryContext& context, QList<LogFileEntry>& files,
                                     const QueryNumbers& numbers) {
         const DayWalk::Result walk = load(context, files, numbers);
-        MomentSnapshot::read(context, numbers);
+        MomentSnapshot::read(context, files, numbers);
         return walk;
     };
 }
@@ -45,11 +45,10 @@ ViewResult StatusView::run(QueryContext& context, LogKind kind, const Loader& lo
     sortState(context, kind);
     QList<LogFileEntry> files = LogFileList::expand(context.files, static_cast<int>(kind));
     ViewResult result;
-    result.logKind = static_cast<int>(kind);
-    result.numbers =
-        QueryCatalog(*context.scratch)
-            .createQuery(std::min(context.start, context.end), std::max(context.start, context.end),
-                         static_cast<int>(kind), files);
+    result.logKind = kind;
+    result.numbers = QueryCatalog(*context.scratch)
+                         .createQuery(std::min(context.start, context.end),
+                                      std::max(context.start, context.end), kind, files);
     const DayWalk::Result walk = load(context, files, result.numbers);
     result.grids = grids(context, result.numbers);
     DayRowsCopy::describe(walk, context, result);

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TimeSelection.h"
 
+#include "DefaultSelection.h"
 #include "LogFileList.h"
 #include "MeterTable.h"
 #include "TopQueryBuffer.h"
-#include "app/DefaultSelection.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/UserText.h"
 #include "store/MeterDatabase.h"
 #include "store/StampedTime.h"
+#include "store/WallClock.h"
 
 namespace lorvane {
 
@@ -64,8 +65,8 @@ bool widen(SqliteDatabase& db, const QString& table, TimeSelection::Bounds& boun
     const QDateTime last = StampedTime::parseClock(range.text(1));
     if (!first.isValid() || !last.isValid())
         return false;
-    const QDateTime start(first.date(), QTime(0, 0, 0));
-    const QDateTime end(last.date(), QTime(23, 59, 59));
+    const QDateTime start = WallClock::at(first.date(), QTime(0, 0, 0));
+    const QDateTime end = WallClock::at(last.date(), QTime(23, 59, 59));
     if (!bounds.start.isValid() || start < bounds.start)
         bounds.start = start;
     if (!bounds.end.isValid() || end > bounds.end)
@@ -113,9 +114,9 @@ QString TimeSelection::acceptPrevious(int option, const QString& intervalText,
         return userText("301041", "Invalid time range value") + QLatin1Char('.');
     m_option = option;
     m_interval = interval;
-    const QDate today = QDate::currentDate();
-    m_start = QDateTime(today, QTime(0, 0, 0));
-    m_end = QDateTime(today, endOfDay);
+    const QDate today = WallClock::now().date();
+    m_start = WallClock::at(today, QTime(0, 0, 0));
+    m_end = WallClock::at(today, endOfDay);
     buffer.ClearTopQueryBuffer(true);
     return {};
 }
@@ -124,24 +125,27 @@ void TimeSelection::acceptBetween(const QDateTime& start, const QDateTime& end,
                                   TopQueryBuffer& buffer)
 {
     m_option = Between;
-    m_start = start;
-    m_end = end;
+    m_start = WallClock::of(start);
+    m_end = WallClock::of(end);
     if (m_end < m_start)
         std::swap(m_start, m_end);
     buffer.ClearTopQueryBuffer(true);
 }
 
-TimeSelection::Bounds TimeSelection::bounds(const QDateTime& now)
+TimeSelection::Bounds TimeSelection::bounds(const QDateTime& clock)
 {
     if (!defined())
         return {};
+    // "The previous N hours" steps back N hours of wall-clock time, as the meter counts
+    // them, whatever this PC's zone does in between.
+    const QDateTime now = WallClock::of(clock);
     if (m_option == Hours) {
-        m_end = QDateTime(now.date(), QTime(now.time().hour(), now.time().minute(), 0));
+        m_end = WallClock::at(now.date(), QTime(now.time().hour(), now.time().minute(), 0));
         m_start = addUnits(m_end, m_option, -m_interval);
     } else if (m_option != Between) {
-        m_end = QDateTime(now.date(), endOfDay);
-        const QDateTime tomorrow(now.date().addDays(1), QTime(0, 0, 0));
-        m_start = QDateTime(addUnits(tomorrow, m_option, -m_interval).date(), QTime(0, 0, 0));
+        m_end = WallClock::at(now.date(), endOfDay);
+        const QDateTime tomorrow = WallClock::at(now.date().addDays(1), QTime(0, 0, 0));
+        m_start = WallClock::at(addUnits(tomorrow, m_option, -m_interval).date(), QTime(0, 0, 0));
     }
     return {m_start, m_end};
 }
@@ -164,8 +168,8 @@ void TimeSelection::read(const DefaultSelection& stored, const QDateTime& now)
     m_option =
         stored.timeOption >= Between && stored.timeOption <= Years ? stored.timeOption : Undefined;
     m_interval = stored.timeInterval;
-    m_start = stored.startDateTime.isValid() ? stored.startDateTime : now;
-    m_end = stored.endDateTime.isValid() ? stored.endDateTime : now;
+    m_start = WallClock::of(stored.startDateTime.isValid() ? stored.startDateTime : now);
+    m_end = WallClock::of(stored.endDateTime.isValid() ? stored.endDateTime : now);
 }
 
 void TimeSelection::write(DefaultSelection& stored) const

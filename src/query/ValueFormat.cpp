@@ -2,7 +2,6 @@
 #include "ValueFormat.h"
 
 #include "platform/UserText.h"
-#include "store/ScaledEnergyFormat.h"
 
 #include <cmath>
 
@@ -11,11 +10,6 @@ namespace lorvane {
 QString ValueFormat::settingsPattern(const QString& dataFormat)
 {
     return QStringLiteral("#,##") + (dataFormat.isEmpty() ? QStringLiteral("0") : dataFormat);
-}
-
-QString ValueFormat::scaledPattern(int decimals)
-{
-    return ScaledEnergyFormat(0, 0, decimals).pattern();
 }
 
 QString ValueFormat::text(double value, const QString& pattern, const QLocale& locale)

@@ -18,9 +18,6 @@ public:
     /// The grid's pattern from the `DataFormat` setting: "#,##" followed by the setting
     /// ("0.00" gives "#,##0.00"). An empty setting gives "#,##0".
     static QString settingsPattern(const QString& dataFormat);
-    /// The scaled energy pattern of `decimals` 0 to 7 ("#,##0" to "#,##0.0000000"); values
-    /// outside are clamped into the range.
-    static QString scaledPattern(int decimals);
 
     /// `value` in a pattern of '#', '0', ',' and one '.': a ',' in the integer part groups
     /// thousands; '0's after the point are decimals always shown, '#'s decimals shown only

@@ -91,10 +91,10 @@ ViewDispatch::ViewDispatch(MeterTable& meters, DataPointSelection& points, TimeS
 {
 }
 
-int ViewDispatch::logKindOf(int button)
+LogKind ViewDispatch::logKindOf(int button)
 {
     const GridView* view = gridView(button);
-    return view ? static_cast<int>(view->kind) : -1;
+    return view ? view->kind : LogKind::DatabaseStatus;
 }
 
 int ViewDispatch::subKindOf(int button)
@@ -149,10 +149,14 @@ ViewDispatch::Request ViewDispatch::Command2_Click(int button, const QDateTime& 
             request.action = Action::SplitLogNeeded;
             return request;
         }
+        m_meters.setStoredDevicePath(chosen);
+        // The chosen log replaces the split-log meter's own entry, never the other meter.
+        const int splitMeter = m_meters.splitLogMeterIndex();
         const AddFileToSystem::Outcome added =
-            m_addFile.run(chosen, QFileInfo(chosen).fileName(), 0);
+            m_addFile.run(chosen, QFileInfo(chosen).fileName(), splitMeter);
         request.messages << added.messages;
-        m_meters.setMeter2Selectable(false);
+        if (splitMeter == 0)
+            m_meters.setMeter2Selectable(false);
         if (!added.added)
             return request;
     }
@@ -181,7 +185,7 @@ ViewDispatch::Request ViewDispatch::Command2_Click(int button, const QDateTime& 
     request.usesDataPoints = !(button == ViewButtons::EN50160 && m_meters.splitLogMeterUsed());
 
     request.action = Action::Grid;
-    request.fresh = request.logKind == 0 || !m_buffer.holds(button);
+    request.fresh = request.logKind == LogKind::DatabaseStatus || !m_buffer.holds(button);
     return request;
 }
 

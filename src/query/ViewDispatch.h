@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LogFileEntry.h"
+#include "store/LogKind.h"
 
 #include <QDateTime>
 #include <QList>
@@ -48,7 +49,7 @@ public:
         bool comtrade = false;
         QStringList messages;
 
-        int logKind = 0;
+        LogKind logKind = LogKind::DatabaseStatus;
         int subKind = 0;
         int button = 0;
         int page = 1;
@@ -90,8 +91,8 @@ public:
     Request Command2_Click(int button, const QDateTime& now, int sortDirection,
                            const Dialogs& dialogs);
 
-    /// `LogKind` of a grid button (0 3 4 5 9 10 6 7 8 11 76); -1 for the buttons without grid.
-    static int logKindOf(int button);
+    /// `LogKind` of a grid button; Database Status for the buttons without a grid.
+    static LogKind logKindOf(int button);
     /// Sub kind of a grid button: 4 limits, 5 inputs, 6 relays, else 0.
     static int subKindOf(int button);
 

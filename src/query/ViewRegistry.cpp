@@ -18,24 +18,29 @@ ViewRegistry::ViewRegistry()
     // One entry per view: {name, LogKind, description, function}. Keep the names lower case
     // and stable: scripts call them through `lorvane-cli query NAME`.
     m_views = {
-        {QStringLiteral("snapshots"), 3, QStringLiteral("snapshot values of the selected points"),
-         [](QueryContext& c, const ViewRequest& r) { return SnapshotView::run(c, r, 3); }},
-        {QStringLiteral("demand"), 4, QStringLiteral("energy and demand values"),
-         [](QueryContext& c, const ViewRequest& r) { return SnapshotView::run(c, r, 4); }},
-        {QStringLiteral("limits"), 5, QStringLiteral("limit records with their data points"),
-         singlePage(&LimitView::run)},
-        {QStringLiteral("inputs"), 6, QStringLiteral("input state changes with their settings"),
-         singlePage(&InputView::run)},
-        {QStringLiteral("relays"), 7, QStringLiteral("relay trips with their settings"),
-         singlePage(&RelayView::run)},
-        {QStringLiteral("flicker"), 8, QStringLiteral("flicker maximum and minimum records"),
-         singlePage(&FlickerView::run)},
-        {QStringLiteral("waveform"), 9, QStringLiteral("waveform and transient capture rows"),
-         singlePage(&WaveformView::run)},
-        {QStringLiteral("pq"), 10, QStringLiteral("power quality records and their captures"),
-         singlePage(&PqView::run)},
-        {QStringLiteral("events"), 11, QStringLiteral("system events of the meter"),
-         singlePage(&SystemEventView::run)},
+        {QStringLiteral("snapshots"), LogKind::Snapshots,
+         QStringLiteral("snapshot values of the selected points"),
+         [](QueryContext& c, const ViewRequest& r) {
+             return SnapshotView::run(c, r, LogKind::Snapshots);
+         }},
+        {QStringLiteral("demand"), LogKind::Demand, QStringLiteral("energy and demand values"),
+         [](QueryContext& c, const ViewRequest& r) {
+             return SnapshotView::run(c, r, LogKind::Demand);
+         }},
+        {QStringLiteral("limits"), LogKind::Limits,
+         QStringLiteral("limit records with their data points"), singlePage(&LimitView::run)},
+        {QStringLiteral("inputs"), LogKind::Inputs,
+         QStringLiteral("input state changes with their settings"), singlePage(&InputView::run)},
+        {QStringLiteral("relays"), LogKind::Relays,
+         QStringLiteral("relay trips with their settings"), singlePage(&RelayView::run)},
+        {QStringLiteral("flicker"), LogKind::Flicker,
+         QStringLiteral("flicker maximum and minimum records"), singlePage(&FlickerView::run)},
+        {QStringLiteral("waveform"), LogKind::Waveform,
+         QStringLiteral("waveform and transient capture rows"), singlePage(&WaveformView::run)},
+        {QStringLiteral("pq"), LogKind::PowerQuality,
+         QStringLiteral("power quality records and their captures"), singlePage(&PqView::run)},
+        {QStringLiteral("events"), LogKind::SystemEvent,
+         QStringLiteral("system events of the meter"), singlePage(&SystemEventView::run)},
     };
 }
 

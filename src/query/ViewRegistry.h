@@ -27,7 +27,7 @@ struct ViewRequest
 struct ViewDefinition
 {
     QString name;
-    int logKind = 0;
+    LogKind logKind = LogKind::DatabaseStatus;
     QString description;
     std::function<QList<ViewResult>(QueryContext&, const ViewRequest&)> run;
 };

@@ -3,6 +3,7 @@
 
 #include "GridTable.h"
 #include "QueryCatalog.h"
+#include "store/LogKind.h"
 
 #include <QDateTime>
 #include <QList>
@@ -13,7 +14,7 @@ namespace lorvane {
 /// What one press of a view button (or one page step) gives the log grid window.
 struct ViewResult
 {
-    int logKind = 0;
+    LogKind logKind = LogKind::DatabaseStatus;
     /// The window's grids 0 to 3, by the kind's own order (the log in 0, details after).
     QList<GridTable> grids;
     QueryNumbers numbers;

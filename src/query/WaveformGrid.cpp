@@ -49,9 +49,9 @@ GridTable WaveformGrid::fill(SqliteDatabase& db, const QueryNumbers& numbers, bo
     QVariantList bound;
     // The kind word of a capture stands anywhere in `sample0` (a CSV path on split meters).
     if (typeFilter == 1)
-        where << QStringLiteral("instr([sample0], 'WAVEFORM') > 0");
+        where << QStringLiteral("instr(upper([sample0]), 'WAVEFORM') > 0");
     else if (typeFilter == 2)
-        where << QStringLiteral("instr([sample0], 'TRANSIENT') > 0");
+        where << QStringLiteral("instr(upper([sample0]), 'TRANSIENT') > 0");
     if (!condition.isEmpty()) {
         where << QLatin1Char('(') + condition + QLatin1Char(')');
         bound << values;
@@ -60,8 +60,9 @@ GridTable WaveformGrid::fill(SqliteDatabase& db, const QueryNumbers& numbers, bo
     const QString order = EventCellText::orderBy(LogKind::Waveform, QString(), descending,
                                                  QStringLiteral("[DeviceIndex] ASC"));
     SqlStatement select = db.prepare(
-        QStringLiteral("SELECT *, instr([sample0], 'TRANSIENT') > 0 OR [Mode] = 2 AS Transient "
-                       "FROM %1 %2 ORDER BY %3")
+        QStringLiteral(
+            "SELECT *, instr(upper([sample0]), 'TRANSIENT') > 0 OR [Mode] = 2 AS Transient "
+            "FROM %1 %2 ORDER BY %3")
             .arg(SqlIdentifier::quote(numbers.sliceTable(QStringLiteral("WaveformLog_"))),
                  where.isEmpty() ? QString()
                                  : QStringLiteral("WHERE ") + where.join(QStringLiteral(" AND ")),

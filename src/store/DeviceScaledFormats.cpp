@@ -28,9 +28,4 @@ std::optional<DeviceScaledFormats::Entry> DeviceScaledFormats::find(qint32 dataI
     return *found;
 }
 
-const char* DeviceScaledFormats::unitPrefix(qint32 scaleIndex)
-{
-    return scaleIndex == 2 || scaleIndex == 3 ? "M" : "k";
-}
-
 } // namespace lorvane

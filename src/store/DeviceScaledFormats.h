@@ -10,8 +10,8 @@ namespace lorvane {
 class SqliteDatabase;
 
 /// The dictionary's table `DeviceScaledFormats_3_1`, kept in memory for the whole run: which
-/// row of a meter's `ScaledFormats` formats an energy register, and the register's scale
-/// class, which names the prefix of the column's unit (1 "k"; 2 and 3 "M").
+/// row of a meter's `ScaledFormats` formats an energy register (the row's `Units` names the
+/// unit's prefix, see `ScaledEnergyFormat`).
 class DeviceScaledFormats
 {
 public:
@@ -31,9 +31,6 @@ public:
     bool isEmpty() const { return m_entries.empty(); }
     /// The first entry of a data point, or nothing when the point has no scaled format.
     std::optional<Entry> find(qint32 dataId) const;
-    /// Prefix of the unit of a column with scale class `scaleIndex`: "M" for 2 and 3, "k"
-    /// for any other class.
-    static const char* unitPrefix(qint32 scaleIndex);
 
 private:
     std::vector<Entry> m_entries;

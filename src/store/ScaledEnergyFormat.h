@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QLocale>
 #include <QString>
-#include <optional>
 
 namespace lorvane {
 
-class SqliteDatabase;
-
-/// How a meter shows one of its energy values: a row of its `ScaledFormats` table (per
-/// `ProfileIndex` and `FormatID`: `Digits`, `Units`, `Decimals`).
+/// How a meter shows one of its energy values: the `Units` and `Decimals` of a row of its
+/// `ScaledFormats` table (per `ProfileIndex` and `FormatID`).
 ///
 /// `Units` names the power of a thousand of the register's unit, and so its prefix:
 /// 0 none, 1 "k", 2 "M", 3 "G"; any other value is shown without a prefix. The value itself is
@@ -23,15 +19,8 @@ public:
 
     ScaledEnergyFormat() = default;
     /// `decimals` below 0 count as 0, above `maximumDecimals` as `maximumDecimals`.
-    ScaledEnergyFormat(int digits, int units, int decimals);
+    ScaledEnergyFormat(int units, int decimals);
 
-    /// The row of `ScaledFormats` in an open meter file for a profile and format id; nothing
-    /// when the file has no such row. NULL columns read as 0. Throws StorageError when the
-    /// table cannot be read.
-    static std::optional<ScaledEnergyFormat> read(SqliteDatabase& meter, qint64 profileIndex,
-                                                  qint64 formatId);
-
-    int digits() const { return m_digits; }
     int units() const { return m_units; }
     int decimals() const { return m_decimals; }
 
@@ -39,12 +28,8 @@ public:
     QString pattern() const;
     /// The unit prefix that `units` names ("", "k", "M", "G").
     QString unitPrefix() const;
-    /// `value` with thousands grouped and `decimals` decimals, in the separators of `locale`
-    /// (grouping is shown even where the locale would leave it out, as the format asks).
-    QString text(double value, const QLocale& locale) const;
 
 private:
-    int m_digits = 0;
     int m_units = 0;
     int m_decimals = 0;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "StampedTime.h"
 
+#include "WallClock.h"
+
 #include <QRegularExpression>
 #include <cmath>
 #include <stdexcept>
@@ -15,7 +17,7 @@ QDateTime wholeSeconds(const QDateTime& clock)
     if (!clock.isValid())
         return {};
     const QTime time = clock.time();
-    return QDateTime(clock.date(), QTime(time.hour(), time.minute(), time.second()), Qt::UTC);
+    return WallClock::at(clock.date(), QTime(time.hour(), time.minute(), time.second()));
 }
 
 [[noreturn]] void badText(const QString& text, const char* why)
@@ -50,7 +52,7 @@ QDateTime StampedTime::parseClock(const QString& text)
                      match.captured(6).toInt());
     if (!time.isValid())
         badText(text, "there is no such time of day");
-    return QDateTime(date, time, Qt::UTC);
+    return WallClock::at(date, time);
 }
 
 StampedTime StampedTime::fromStoredText(const QString& text, double ms, int mode)

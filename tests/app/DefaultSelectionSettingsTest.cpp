@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "RecordingStartupHost.h"
 #include "TemporaryInstallation.h"
-#include "app/DefaultSelection.h"
 #include "app/StartupSequence.h"
 #include "platform/ProfileFile.h"
+#include "query/DefaultSelection.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // lorvane-cli status on simulated meters: one grid per file with what the simulator wrote, and
 // a clear grid for a file that is not there.
+#include "platform/SqliteDatabase.h"
 #include "support/TestEnvironment.h"
 
 #include <QJsonArray>
@@ -9,6 +10,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+using lorvane::SqliteDatabase;
 using lorvane::test::runProgram;
 
 namespace {
@@ -59,6 +61,28 @@ TEST(CliStatus, OneGridPerFileWithTheSimulatedContents)
     EXPECT_EQ(cell(first, QStringLiteral("Status Change (Inputs)"), 3), QStringLiteral("2"));
     EXPECT_EQ(cell(first, QStringLiteral("Status Change (Inputs)"), 4), QStringLiteral("6"));
     EXPECT_EQ(cell(first, QStringLiteral("Flicker"), 4), QStringLiteral("8"));
+
+    // Faults: the hourly snapshot counts were labelled as logs, download dates printed raw,
+    // the partial download block carried another name, and the profile was never shown.
+    EXPECT_NE(cell(first, QStringLiteral("Snapshots, hour 6"), 4), QStringLiteral("<missing>"));
+    EXPECT_EQ(cell(first, QStringLiteral("Snapshots, hour 6"), 4),
+              QString::number(2 * 4)); // two days of four instants an hour
+    EXPECT_FALSE(cell(first, QStringLiteral("First download")).contains(QLatin1Char('-')));
+    EXPECT_EQ(cell(first, QStringLiteral("Partial Downloads")), QStringLiteral("Last Date/Time"));
+    EXPECT_NE(cell(first, QStringLiteral("Profile")), QStringLiteral("N/A"));
+
+    // Fault: one missing table blanked the whole view; now only its own rows say "N/A".
+    {
+        SqliteDatabase meter(b, SqliteDatabase::Mode::ReadWrite);
+        meter.execute(QStringLiteral("DROP TABLE DataPoints"));
+    }
+    const auto partial = runProgram(
+        QStringLiteral("lorvane-cli"),
+        {QStringLiteral("status"), b, QStringLiteral("--format"), QStringLiteral("json")});
+    const QJsonObject damaged =
+        QJsonDocument::fromJson(partial.out.toUtf8()).array().at(0).toObject();
+    EXPECT_EQ(cell(damaged, QStringLiteral("Number of data points")), QStringLiteral("N/A"));
+    EXPECT_EQ(cell(damaged, QStringLiteral("Device ID")), QStringLiteral("HX3-000002"));
 
     const auto missing =
         runProgram(QStringLiteral("lorvane-cli"),

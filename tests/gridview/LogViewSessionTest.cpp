@@ -10,6 +10,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QSet>
 #include <gtest/gtest.h>
 
 using namespace lorvane;
@@ -114,7 +115,7 @@ TEST(LogViewSession, ABufferedPressReadsNoMeterFile)
     again.fresh = false;
     session.setRequest(again, &buffer);
     session.LoadQuery(false, nullptr);
-    EXPECT_EQ(session.logKind(), 3);
+    EXPECT_EQ(session.logKind(), LogKind::Snapshots);
     EXPECT_FALSE(session.result().grids.first().rows.isEmpty());
 
     again = press(limitButton, meter);
@@ -249,7 +250,7 @@ TEST(LogViewSession, CaptionsTitlesAndGraphMessagesOfEachKind)
     };
     for (const Expect& e : kinds) {
         SCOPED_TRACE(e.button);
-        const int kind = ViewDispatch::logKindOf(e.button);
+        const LogKind kind = ViewDispatch::logKindOf(e.button);
         EXPECT_EQ(LogViewSession::captions(kind).first(), QString::fromLatin1(e.caption));
         EXPECT_EQ(LogViewSession::helpTopic(kind), QString::fromLatin1(e.help));
         // An empty range: headings only, "No data found", and the kind's empty message.
@@ -262,14 +263,14 @@ TEST(LogViewSession, CaptionsTitlesAndGraphMessagesOfEachKind)
         EXPECT_FALSE(session.result().grids.first().columns.isEmpty());
         EXPECT_EQ(session.graph(-1).message, QString::fromLatin1(e.emptyGraph));
     }
-    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), 0),
+    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), LogKind::DatabaseStatus),
               QStringLiteral("Lorvane - [Database Status]"));
-    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), 4),
+    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), LogKind::Demand),
               QStringLiteral("Lorvane - [Demands]"));
     EXPECT_EQ(
-        LogViewSession::captions(10),
+        LogViewSession::captions(LogKind::PowerQuality),
         (QStringList{QStringLiteral("Show PQs"), QStringLiteral("Show PQ/Waveform Settings")}));
-    EXPECT_EQ(LogViewSession::helpTopic(76), QStringLiteral("LREN50160Log"));
+    EXPECT_EQ(LogViewSession::helpTopic(LogKind::EN50160), QStringLiteral("LREN50160Log"));
 }
 
 TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)
@@ -386,4 +387,41 @@ TEST(LogViewSession, RecordTypeChoicesShowTheTypeIdOfTheirName)
     EXPECT_EQ(session.result().grids.first().rows.first().at(type), QStringLiteral("2"));
     session.setTypeChoice(0);
     EXPECT_EQ(session.result().grids.first().rows.size(), all);
+}
+
+// Fault: the relay setting compared the files' 0-based positions with the rows' 1-based
+// `DeviceIndex`, so with two meters each row got the other meter's device type and the gate
+// rows appeared on the wrong meter.
+TEST(LogViewSession, RelaySettingTakesTheDeviceTypeOfTheRowsOwnMeter)
+{
+    SimMeters sim;
+    ViewDispatch::Request request = press(8, sim.meter(QStringLiteral("Plain"), 3));
+    LogFileEntry gated = request.files.first();
+    gated.dbPath = sim.meter(QStringLiteral("Gated"), 4);
+    gated.deviceTypeId = 0; // a type with a gate table
+    gated.deviceIndex = 1;
+    request.files << gated;
+    LogViewSession session(base(sim));
+    TopQueryBuffer buffer;
+    session.setRequest(request, &buffer);
+    session.LoadQuery(true, nullptr);
+    const GridTable relays = session.result().grids.first();
+    EXPECT_EQ(session.graph(-1).message, QStringLiteral("Please select a relay record  to graph."));
+    QSet<qint64> seen;
+    for (int row = 0; row < relays.rowKeys.size(); ++row) {
+        const qint64 device =
+            relays.rowKeys.at(row).value(QStringLiteral("DeviceIndex")).toLongLong();
+        if (seen.contains(device))
+            continue;
+        seen.insert(device);
+        SCOPED_TRACE(device);
+        const auto setting = session.rowDetail(0, row);
+        ASSERT_TRUE(setting.has_value());
+        const bool gateRows =
+            std::any_of(setting->rows.cbegin(), setting->rows.cend(), [](const QStringList& line) {
+                return line.first() == QStringLiteral("Gate A");
+            });
+        EXPECT_EQ(gateRows, device == 2);
+    }
+    EXPECT_EQ(seen, (QSet<qint64>{1, 2}));
 }

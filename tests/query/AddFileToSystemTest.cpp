@@ -4,10 +4,10 @@
 #include "query/AddFileToSystem.h"
 
 #include "SelectionSimMeters.h"
-#include "app/DefaultSelection.h"
 #include "platform/Fault.h"
 #include "platform/SqliteDatabase.h"
 #include "query/DataPointSelection.h"
+#include "query/DefaultSelection.h"
 #include "query/MeterTable.h"
 #include "query/TopQueryBuffer.h"
 #include "store/MeterDatabase.h"

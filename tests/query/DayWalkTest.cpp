@@ -128,8 +128,8 @@ TEST(QueryCatalog, CreateQueryMakesTheTablesOfItsType)
     QueryCatalog catalog(*f.scratch);
     const QList<LogFileEntry> files{entry(QStringLiteral("/data/a.DB"), QStringLiteral("A")),
                                     entry(QStringLiteral("/data/b.DB"), QStringLiteral("B"))};
-    const QueryNumbers limits =
-        catalog.createQuery(at("2024-03-01 00:00:00"), at("2024-03-07 23:59:59"), 5, files);
+    const QueryNumbers limits = catalog.createQuery(
+        at("2024-03-01 00:00:00"), at("2024-03-07 23:59:59"), LogKind::Limits, files);
     SqliteDatabase& db = f.scratch->database();
     for (const char* table : {"LogDevices_%1", "HistSubQuery_%1", "TagNames_%1_%2", "HistLog_%1_%2",
                               "HLogTimeIndex_%1", "ScaledFormats_%1_%2", "LimitsLog_%1_%2"}) {
@@ -146,13 +146,13 @@ TEST(QueryCatalog, CreateQueryMakesTheTablesOfItsType)
               QStringLiteral("1:A,2:B"));
 
     // A second query gets the next number; a further slice of it the next slice number.
-    const QueryNumbers pq =
-        catalog.createQuery(at("2024-03-01 00:00:00"), at("2024-03-02 00:00:00"), 10, files);
+    const QueryNumbers pq = catalog.createQuery(
+        at("2024-03-01 00:00:00"), at("2024-03-02 00:00:00"), LogKind::PowerQuality, files);
     EXPECT_EQ(pq.query, limits.query + 1);
     EXPECT_TRUE(db.tableExists(pq.sliceTable(QStringLiteral("PQLog_"))));
     EXPECT_TRUE(db.tableExists(pq.sliceTable(QStringLiteral("FullScales_"))));
-    const QueryNumbers next =
-        catalog.addSlice(pq.query, at("2024-03-02 00:00:00"), at("2024-03-03 00:00:00"), 10);
+    const QueryNumbers next = catalog.addSlice(pq.query, at("2024-03-02 00:00:00"),
+                                               at("2024-03-03 00:00:00"), LogKind::PowerQuality);
     EXPECT_EQ(next.slice, pq.slice + 1);
     EXPECT_TRUE(db.tableExists(next.sliceTable(QStringLiteral("WaveformLog_"))));
     // Rows inserted from a meter table arrive untagged, to be stamped by their file.
@@ -174,8 +174,8 @@ TEST(DayWalk, ReadsTheDaysOfTheRangeFromEveryFile)
                               entry(b, QStringLiteral("Meter B"))};
     files[1].deviceIndex = 1;
     QueryCatalog catalog(*f.scratch);
-    const QueryNumbers q =
-        catalog.createQuery(at("2024-03-01 12:00:00"), at("2024-03-04 23:59:59"), 5, files);
+    const QueryNumbers q = catalog.createQuery(at("2024-03-01 12:00:00"), at("2024-03-04 23:59:59"),
+                                               LogKind::Limits, files);
     const QString target = q.sliceTable(QStringLiteral("LimitsLog_"));
     RecordingProgress progress;
     QList<QDate> visited;
@@ -208,8 +208,8 @@ TEST(DayWalk, ReadsTheDaysOfTheRangeFromEveryFile)
 
     // Descending: the same days, backwards.
     QList<QDate> backwards;
-    const QueryNumbers d =
-        catalog.createQuery(at("2024-03-01 00:00:00"), at("2024-03-04 23:59:59"), 5, files);
+    const QueryNumbers d = catalog.createQuery(at("2024-03-01 00:00:00"), at("2024-03-04 23:59:59"),
+                                               LogKind::Limits, files);
     walk.run(files, QStringLiteral("AllLimitsLogs"), QStringLiteral("limits"),
              at("2024-03-04 23:59:59"), at("2024-03-01 00:00:00"), true,
              limitLoader(db, d.sliceTable(QStringLiteral("LimitsLog_")), &backwards));
@@ -227,8 +227,8 @@ TEST(DayWalk, EmptyRangesMissingFilesAndCancel)
         entry(f.dir.filePath(QStringLiteral("Gone.DB")), QStringLiteral("Gone"))};
     files[1].deviceIndex = 1;
     QueryCatalog catalog(*f.scratch);
-    const QueryNumbers q =
-        catalog.createQuery(at("2024-04-01 00:00:00"), at("2024-04-02 00:00:00"), 5, files);
+    const QueryNumbers q = catalog.createQuery(at("2024-04-01 00:00:00"), at("2024-04-02 00:00:00"),
+                                               LogKind::Limits, files);
     const QString target = q.sliceTable(QStringLiteral("LimitsLog_"));
     RecordingProgress progress;
     DayWalk walk(*f.scratch, progress);

@@ -3,6 +3,7 @@
 // A simulated meter and a scratch database for the status log view tests.
 #include "query/LoadProgress.h"
 #include "query/QueryContext.h"
+#include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
 #include "support/TestMeters.h"
 
@@ -15,7 +16,7 @@ namespace lorvane::test {
 
 inline QDateTime simTime(const char* text)
 {
-    return QDateTime::fromString(QString::fromLatin1(text), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    return StampedTime::parseClock(QString::fromLatin1(text));
 }
 
 struct SimMeters

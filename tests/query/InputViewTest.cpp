@@ -5,9 +5,18 @@
 
 #include "InputSimFixture.h"
 #include "MomentSnapshotCheck.h"
+#include "platform/Fault.h"
+#include "platform/SqlIdentifier.h"
+#include "platform/SqliteDatabase.h"
+#include "query/FlickerView.h"
+#include "query/LimitView.h"
+#include "query/PqView.h"
+#include "query/RelayView.h"
 #include "query/SetupRecordViews.h"
+#include "store/SchemaCatalog.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 using namespace lorvane;
 using namespace lorvane::test;
@@ -117,4 +126,77 @@ TEST(InputView, SnapshotsOfTheSameRangeAreGridOne)
     // The outage from 10:00 to 13:00 leaves its hours out of the snapshots.
     expectMomentSnapshot(view.grids.at(1), board, 1, 3, QStringLiteral("Board"), {20621},
                          "2024-03-05 09:00:00", "2024-03-05 14:59:59");
+}
+
+// Fault: a day table missing from the meter file aborted the limit view with the engine's
+// words about the scratch file and its internal alias, and the input view skipped the day
+// without a word. Every status view now names the meter file and the table.
+TEST(InputView, AMissingDayTableIsNamedWithItsMeterFileInEveryView)
+{
+    struct Case
+    {
+        LogKind kind;
+        ViewResult (*run)(QueryContext&);
+    };
+    const Case cases[] = {{LogKind::Limits, &LimitView::run},
+                          {LogKind::Inputs, &InputView::run},
+                          {LogKind::Relays, &RelayView::run},
+                          {LogKind::Flicker, &FlickerView::run}};
+    SimMeters sim;
+    for (const Case& c : cases) {
+        const QString table = SchemaCatalog::dayTable(c.kind, 1);
+        SCOPED_TRACE(table.toStdString());
+        const QString meter = sim.meter(QStringLiteral("Damaged%1").arg(int(c.kind)));
+        {
+            SqliteDatabase db(meter, SqliteDatabase::Mode::ReadWrite);
+            ASSERT_TRUE(db.tableExists(table));
+            db.execute(QStringLiteral("DROP TABLE ") + SqlIdentifier::quote(table));
+        }
+        QueryContext context = sim.context({meter});
+        try {
+            c.run(context);
+            ADD_FAILURE() << "no fault for the missing table";
+        } catch (const Fault& fault) {
+            EXPECT_TRUE(fault.message().contains(meter)) << fault.message().toStdString();
+            EXPECT_TRUE(fault.message().contains(table)) << fault.message().toStdString();
+            EXPECT_FALSE(fault.message().contains(QStringLiteral("TempQuery")));
+            EXPECT_FALSE(fault.message().contains(QStringLiteral("meter0")));
+        }
+    }
+}
+
+// Fault: PQ, limit and flicker values were printed with six significant digits (exponent form
+// for large values) or fifteen, whatever the `DataFormat` setting said.
+TEST(InputView, ValueColumnsOfEveryGridFollowTheDataFormatSetting)
+{
+    struct Case
+    {
+        ViewResult (*run)(QueryContext&);
+        QStringList headings;
+    };
+    const Case cases[] = {
+        {&LimitView::run, {QStringLiteral("Value")}},
+        {&PqView::run, {QStringLiteral("Value"), QStringLiteral("% of Full Scale")}},
+        {&FlickerView::run, {QStringLiteral("Max Pst Va"), QStringLiteral("Min Plt Vc")}}};
+    SimMeters sim;
+    const QString meter = sim.meter(QStringLiteral("Formats"));
+    for (const auto& [format, shape] : {std::pair{"0.000", "^-?\\d{1,3}(,\\d{3})*\\.\\d{3}$"},
+                                        std::pair{"0", "^-?\\d{1,3}(,\\d{3})*$"}}) {
+        QueryContext context = sim.context({meter});
+        context.dataFormat = QString::fromLatin1(format);
+        const QRegularExpression expected(QString::fromLatin1(shape));
+        for (const Case& c : cases) {
+            const GridTable grid = c.run(context).grids.value(c.run == &FlickerView::run ? 1 : 0);
+            for (const QString& heading : c.headings) {
+                SCOPED_TRACE((grid.caption + QLatin1Char('/') + heading).toStdString());
+                const QStringList cells = column(grid, heading);
+                ASSERT_FALSE(cells.isEmpty());
+                for (const QString& cell : cells) {
+                    if (!cell.isEmpty()) {
+                        EXPECT_TRUE(expected.match(cell).hasMatch()) << cell.toStdString();
+                    }
+                }
+            }
+        }
+    }
 }

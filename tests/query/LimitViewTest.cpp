@@ -10,6 +10,7 @@
 #include "query/QueryContext.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 using namespace lorvane;
 using lorvane::test::WaveformSimMeters;
@@ -146,20 +147,30 @@ TEST(LimitView, TwoMetersSortsAndAnEmptyRange)
     EXPECT_EQ(second, fileLimits(WaveformSimMeters::talmo().dbPath, "2024-03-04 00:00:00",
                                  "2024-03-05 23:59:59"));
 
-    // By value: values never fall, and equal values stay in time order.
+    // By a sort item: its column never falls, and equal keys stay in time order. "Data Point"
+    // sorts by the point's name (a fault sorted it by its id).
     QueryContext byValue =
         sim.context({WaveformSimMeters::standard()}, "2024-03-04 00:00:00", "2024-03-05 23:59:59");
-    byValue.sortColumn = QStringLiteral("Value");
-    const GridTable sorted = LimitView::run(byValue).grids.first();
-    ASSERT_EQ(sorted.rows.size(), first);
-    const int value = column(sorted, "Value");
-    for (int r = 1; r < sorted.rows.size(); ++r) {
-        const double before = QLocale().toDouble(sorted.rows.at(r - 1).at(value));
-        const double now = QLocale().toDouble(sorted.rows.at(r).at(value));
-        EXPECT_LE(before, now);
-        if (before == now) {
-            EXPECT_LE(sorted.rowKeys.at(r - 1).value(QStringLiteral("StartDateTime")).toString(),
-                      sorted.rowKeys.at(r).value(QStringLiteral("StartDateTime")).toString());
+    for (const auto& [item, heading, numeric] :
+         {std::tuple{"Value", "Value", true}, std::tuple{"Data Point", "Data", false}}) {
+        SCOPED_TRACE(item);
+        byValue.sortColumn = QString::fromLatin1(item);
+        const GridTable sorted = LimitView::run(byValue).grids.first();
+        ASSERT_EQ(sorted.rows.size(), first);
+        const int at = column(sorted, heading);
+        for (int r = 1; r < sorted.rows.size(); ++r) {
+            const QString before = sorted.rows.at(r - 1).at(at);
+            const QString now = sorted.rows.at(r).at(at);
+            const int order = numeric ? (QLocale().toDouble(before) < QLocale().toDouble(now)
+                                             ? -1
+                                             : QLocale().toDouble(before) > QLocale().toDouble(now))
+                                      : before.compare(now);
+            EXPECT_LE(order, 0) << before.toStdString() << " / " << now.toStdString();
+            if (order == 0) {
+                EXPECT_LE(
+                    sorted.rowKeys.at(r - 1).value(QStringLiteral("StartDateTime")).toString(),
+                    sorted.rowKeys.at(r).value(QStringLiteral("StartDateTime")).toString());
+            }
         }
     }
     byValue.sortColumn = QStringLiteral("No Such Item");

@@ -6,6 +6,7 @@
 
 #include "WaveformSimMeters.h"
 #include "platform/SqliteDatabase.h"
+#include "query/LoadProgress.h"
 #include "query/PqGrid.h"
 #include "query/QueryContext.h"
 #include "query/SetupRecordViews.h"
@@ -47,14 +48,24 @@ void checkPqView(WaveformSimMeters& sim, const LogFileEntry& meter, const QStrin
         const QStringList& row = pq.rows.at(r);
         const QVariantMap& keys = pq.rowKeys.at(r);
         EXPECT_EQ(row.at(column(pq, "Device")), name);
-        // The simulator stores every link set, the orphan's too: the picture shows as stored.
+        // The simulator stores every link set, the orphan's too: the picture shows as stored,
+        // in the "Waveforms" column (a fault put it in column 0). The condition's words
+        // colour the row (a fault left every row plain).
         EXPECT_EQ(pq.rowPictures.at(r), QStringLiteral("Wave"));
+        EXPECT_EQ(pq.pictureColumn, column(pq, "Waveforms"));
+        const QString condition = row.at(column(pq, "Condition")).toUpper();
+        const QString key = pq.rowConditions.value(r);
+        EXPECT_TRUE(key.isEmpty() ? !condition.contains(QStringLiteral("SAG")) &&
+                                        !condition.contains(QStringLiteral("SURGE"))
+                                  : condition.contains(key))
+            << condition.toStdString() << " / " << key.toStdString();
         const bool orphan = keys.value(QStringLiteral("SWNumber")).toLongLong() == 9999;
         EXPECT_EQ(keys.value(QStringLiteral("CaptureMissing")).toBool(), orphan)
             << row.join(QLatin1Char('|')).toStdString();
         if (orphan) {
             ++orphans;
             EXPECT_EQ(row.at(column(pq, "Condition")), QStringLiteral("SAG"));
+            EXPECT_EQ(pq.rowConditions.value(r), QStringLiteral("SAG"));
             EXPECT_EQ(row.at(column(pq, "Channel")), QStringLiteral("Vcn"));
             EXPECT_EQ(row.at(column(pq, "Duration ms")), QStringLiteral("50"));
             // Startms 250 with a tenth shows as four digits of tenths.
@@ -117,6 +128,22 @@ TEST(PqView, RecordsLinksAndCapturesOfOneMeterFile)
     WaveformSimMeters sim;
     checkPqView(sim, WaveformSimMeters::standard(), WaveformSimMeters::standard().dbPath,
                 QStringLiteral("Main Switchboard"));
+
+    // Fault: the day's progress counted PQ records and captures as "data points".
+    struct Lines : LoadProgress
+    {
+        void status(const QString& text) override { lines << text; }
+        bool cancelRequested() override { return false; }
+        QStringList lines;
+    } progress;
+    QueryContext context =
+        sim.context({WaveformSimMeters::standard()}, "2024-03-04 00:00:00", "2024-03-05 23:59:59");
+    context.progress = &progress;
+    PqView::run(context);
+    const QStringList days = progress.lines.filter(QStringLiteral(", you have "));
+    ASSERT_FALSE(days.isEmpty());
+    for (const QString& line : days)
+        EXPECT_TRUE(line.endsWith(QStringLiteral(" captures."))) << line.toStdString();
 }
 
 TEST(PqView, SplitMeterLinksItsPqFileWithItsCaptureFiles)

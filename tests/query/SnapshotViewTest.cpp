@@ -2,10 +2,12 @@
 #include "query/SnapshotView.h"
 
 #include "platform/SqlIdentifier.h"
+#include "platform/SqliteDatabase.h"
 #include "query/QueryContext.h"
 #include "query/ValueFormat.h"
 #include "query/ViewRegistry.h"
 #include "store/MeterSchema.h"
+#include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
 #include "support/MeterFileBuilder.h"
 #include "support/TestEnvironment.h"
@@ -26,6 +28,7 @@ struct Instant
     const char* time; // YYYY-MM-DD HH:MM:SS
     int mode;
     QList<std::pair<qint64, double>> values;
+    int type = 2;
 };
 
 /// A meter with snapshot instants in its hour tables, all on one day (`LogTablesIndex` 1).
@@ -51,9 +54,9 @@ QString snapshotMeter(const QTemporaryDir& dir, const QString& name, const QList
         }
         ++index;
         file.sql(QStringLiteral("INSERT INTO %1 ([Date/TimeIndex], [Date/Time], ms, DTmode, "
-                                "TypeID, ProfileIndex) VALUES (?, ?, 0, ?, 2, 0)")
+                                "TypeID, ProfileIndex) VALUES (?, ?, 0, ?, ?, 0)")
                      .arg(SqlIdentifier::quote(ti.name())),
-                 {index, time, i.mode});
+                 {index, time, i.mode, i.type});
         for (const auto& [id, value] : i.values)
             file.sql(QStringLiteral("INSERT INTO %1 ([Date/TimeIndex], DataID, Value) VALUES "
                                     "(?, ?, ?)")
@@ -75,7 +78,7 @@ QString snapshotMeter(const QTemporaryDir& dir, const QString& name, const QList
 
 QDateTime at(const char* text)
 {
-    return QDateTime::fromString(QString::fromLatin1(text), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    return StampedTime::parseClock(QString::fromLatin1(text));
 }
 
 LogFileEntry entry(const QString& path, const QString& name, int index)
@@ -128,11 +131,6 @@ TEST(ValueFormat, PatternsScaledFormatsAndPowerFactorBands)
     EXPECT_EQ(ValueFormat::text(0.5, QStringLiteral("#,##.00"), c), QStringLiteral(".50"));
     EXPECT_EQ(ValueFormat::text(-999.5, QStringLiteral("#,##0"), c), QStringLiteral("-1,000"));
     EXPECT_EQ(ValueFormat::text(12.5, QStringLiteral("#,##0.0#"), c), QStringLiteral("12.5"));
-    EXPECT_EQ(ValueFormat::scaledPattern(0), QStringLiteral("#,##0"));
-    EXPECT_EQ(ValueFormat::scaledPattern(7), QStringLiteral("#,##0.0000000"));
-    EXPECT_EQ(ValueFormat::scaledPattern(9), QStringLiteral("#,##0.0000000"));
-    EXPECT_EQ(ValueFormat::text(250131.123456, ValueFormat::scaledPattern(3), c),
-              QStringLiteral("250,131.123"));
 
     const QString plain = QStringLiteral("#,##0.00");
     EXPECT_EQ(ValueFormat::powerFactorText(0.85, plain, c), QStringLiteral("LAG 0.850"));
@@ -144,6 +142,33 @@ TEST(ValueFormat, PatternsScaledFormatsAndPowerFactorBands)
     EXPECT_EQ(ValueFormat::powerFactorText(0.0, plain, c), QStringLiteral("0.000"));
     EXPECT_EQ(ValueFormat::powerFactorText(25.0, plain, c), QStringLiteral("25.00"));
     EXPECT_EQ(ValueFormat::nullText(), QStringLiteral("----"));
+}
+
+// Fault: a scaled energy value was shown with its format's decimals but without the prefix
+// that the format's `Units` names.
+TEST(SnapshotView, ScaledEnergyValuesShowTheirDecimalsAndUnitPrefix)
+{
+    Fixture f;
+    const QString path =
+        snapshotMeter(f.dir, QStringLiteral("A.DB"),
+                      {{"2024-03-04 10:00:00", 0, {{26003, 250131.123456}, {20617, 230.5}}}});
+    {
+        SqliteDatabase meter(path, SqliteDatabase::Mode::ReadWrite);
+        meter.execute(QStringLiteral("INSERT INTO ScaledFormats (ProfileIndex, FormatID, Digits, "
+                                     "Units, Decimals) VALUES (0, 4, 9, 2, 3)"));
+    }
+    SqliteDatabase dictionary(QStringLiteral(LORVANE_BIN_DIR "/QLMNameList.DB"),
+                              SqliteDatabase::Mode::ReadOnly);
+    f.context.dictionary = &dictionary;
+    f.context.files = {entry(path, QStringLiteral("A"), 0)};
+    f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
+    for (const bool scaled : {true, false}) {
+        f.context.useScaledFormats = scaled;
+        const GridTable grid = SnapshotView(f.context, LogKind::Snapshots).load().grids.first();
+        ASSERT_EQ(grid.columns.mid(4), (QStringList{"1_20617", "1_26003"}));
+        EXPECT_EQ(grid.rows.first().mid(4), scaled ? (QStringList{"230.50", "250,131.123 M"})
+                                                   : (QStringList{"230.50", "250,131.12"}));
+    }
 }
 
 TEST(SnapshotView, DoubledHourShowsEachInstantOnceInTheModeBeingRead)
@@ -158,7 +183,7 @@ TEST(SnapshotView, DoubledHourShowsEachInstantOnceInTheModeBeingRead)
                                         {"2024-11-03 02:00:00", 0, {{20617, 123.0}}}});
     f.context.files = {entry(path, QStringLiteral("A"), 0)};
     f.range("2024-11-03 00:00:00", "2024-11-03 23:59:59");
-    SnapshotView view(f.context, 3);
+    SnapshotView view(f.context, LogKind::Snapshots);
     const ViewResult result = view.load();
     ASSERT_EQ(result.grids.size(), 1);
     const GridTable& grid = result.grids.first();
@@ -169,7 +194,7 @@ TEST(SnapshotView, DoubledHourShowsEachInstantOnceInTheModeBeingRead)
     // Read backwards, the standard-time readings are the ones being read.
     f.context.descending = true;
     f.range("2024-11-03 23:59:59", "2024-11-03 00:00:00");
-    SnapshotView back(f.context, 3);
+    SnapshotView back(f.context, LogKind::Snapshots);
     EXPECT_EQ(column(back.load().grids.first(), 4),
               (QStringList{"123.00", "902.00", "901.00", "120.00"}));
 }
@@ -187,7 +212,7 @@ TEST(SnapshotView, TwoMetersShareLinesAndColumnsFollowThePivotOrder)
                        entry(b, QStringLiteral("Meter B"), 1)};
     f.context.files[1].deviceTypeId = 6;
     f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
-    const GridTable grid = SnapshotView(f.context, 3).load().grids.first();
+    const GridTable grid = SnapshotView(f.context, LogKind::Snapshots).load().grids.first();
     EXPECT_EQ(grid.columns, (QStringList{"Date/Time", "DTmode", "Record Type", "Profile Index",
                                          "1_20617", "1_21017", "2_21401"}));
     ASSERT_EQ(grid.headingRows.size(), 2);
@@ -204,7 +229,7 @@ TEST(SnapshotView, TwoMetersShareLinesAndColumnsFollowThePivotOrder)
     f.context.sortColumn = QStringLiteral("1_20617");
     f.context.descending = true;
     f.range("2024-03-04 23:59:59", "2024-03-04 00:00:00");
-    EXPECT_EQ(column(SnapshotView(f.context, 3).load().grids.first(), 4),
+    EXPECT_EQ(column(SnapshotView(f.context, LogKind::Snapshots).load().grids.first(), 4),
               (QStringList{"121.00", "120.00"}));
 }
 
@@ -223,7 +248,7 @@ TEST(SnapshotView, PagesAtTheBudgetGoOnFromTheReachedTimeAndRereadNoMeterFile)
     f.context.files = {entry(path, QStringLiteral("A"), 0)};
     f.context.tempLogRecSize = 7; // two whole instants and a third cut short
     f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
-    SnapshotView view(f.context, 3);
+    SnapshotView view(f.context, LogKind::Snapshots);
     const ViewResult first = view.load();
     EXPECT_EQ(column(first.grids.first(), 4), (QStringList{"1.00", "2.00"}));
     EXPECT_FALSE(first.allRead);
@@ -257,6 +282,72 @@ TEST(SnapshotView, PagesAtTheBudgetGoOnFromTheReachedTimeAndRereadNoMeterFile)
     EXPECT_EQ(all[1].grids.first().rows, second.grids.first().rows);
 }
 
+// Fault: after the first meter spent the budget, the second was read up to the cut without a
+// limit, so a page of N meters held about N times `TempLogRecSize` values.
+TEST(SnapshotView, TwoMetersShareTheRowBudgetOfAPage)
+{
+    Fixture f;
+    QList<Instant> instants;
+    for (const char* t : {"2024-03-04 10:00:00", "2024-03-04 10:15:00", "2024-03-04 11:00:00"})
+        instants.append({t, 0, {{20617, 1.0}, {20621, 2.0}, {20625, 3.0}}});
+    f.context.files = {
+        entry(snapshotMeter(f.dir, QStringLiteral("A.DB"), instants), QStringLiteral("A"), 0),
+        entry(snapshotMeter(f.dir, QStringLiteral("B.DB"), instants), QStringLiteral("B"), 1)};
+    f.context.tempLogRecSize = 7; // one instant of both meters (6 values) per page
+    f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
+    QStringList times;
+    for (const ViewResult& page :
+         ViewRegistry::instance().find(QStringLiteral("snapshots"))->run(f.context, {1, true})) {
+        EXPECT_LE(page.rowsRead, f.context.tempLogRecSize) << "page " << page.page;
+        times << column(page.grids.first(), 0);
+    }
+    ASSERT_EQ(times.size(), 3);
+    EXPECT_TRUE(times.at(2).contains(QStringLiteral("11:00"))) << times.join(' ').toStdString();
+}
+
+// Fault: "Group By Type" ordered the type in the chosen direction and the rows within a type
+// by the display text of their time ("10:00" before "9:00"); equal values of a sort column
+// did the same.
+TEST(SnapshotView, GroupByTypeAndEqualValuesKeepTimeOrder)
+{
+    Fixture f;
+    const QString path = snapshotMeter(f.dir, QStringLiteral("A.DB"),
+                                       {{"2024-03-04 09:00:00", 0, {{20617, 1.0}}, 3},
+                                        {"2024-03-04 09:30:00", 0, {{20617, 1.0}}, 2},
+                                        {"2024-03-04 10:00:00", 0, {{20617, 1.0}}, 3},
+                                        {"2024-03-04 10:30:00", 0, {{20617, 1.0}}, 2}});
+    f.context.files = {entry(path, QStringLiteral("A"), 0)};
+    struct Case
+    {
+        bool descending;
+        bool grouped;
+        const char* sortColumn;
+        QStringList order; // type and hour:minute of each line
+    };
+    const Case cases[] = {
+        {true, true, "", {"2 10:30", "2 09:30", "3 10:00", "3 09:00"}},
+        {false, true, "1_20617", {"2 09:30", "2 10:30", "3 09:00", "3 10:00"}},
+        {false, false, "1_20617", {"3 09:00", "2 09:30", "3 10:00", "2 10:30"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.order.join(',').toStdString());
+        f.context.descending = c.descending;
+        f.context.groupByType = c.grouped;
+        f.context.sortColumn = QString::fromLatin1(c.sortColumn);
+        if (c.descending)
+            f.range("2024-03-04 23:59:59", "2024-03-04 00:00:00");
+        else
+            f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
+        const GridTable grid = SnapshotView(f.context, LogKind::Snapshots).load().grids.first();
+        QStringList order;
+        for (qsizetype i = 0; i < grid.rows.size(); ++i)
+            order
+                << grid.rows.at(i).at(2) + QLatin1Char(' ') +
+                       grid.rowKeys.at(i).value(QStringLiteral("Date/Time")).toString().mid(11, 5);
+        EXPECT_EQ(order, c.order);
+    }
+}
+
 TEST(SnapshotView, EmptyRangesAndPointsTheMeterLacksShowNoData)
 {
     Fixture f;
@@ -264,7 +355,7 @@ TEST(SnapshotView, EmptyRangesAndPointsTheMeterLacksShowNoData)
         snapshotMeter(f.dir, QStringLiteral("A.DB"), {{"2024-03-04 10:00:00", 0, {{20617, 1.0}}}});
     f.context.files = {entry(path, QStringLiteral("A"), 0)};
     f.range("2024-05-01 00:00:00", "2024-05-02 23:59:59");
-    const ViewResult empty = SnapshotView(f.context, 3).load();
+    const ViewResult empty = SnapshotView(f.context, LogKind::Snapshots).load();
     EXPECT_TRUE(empty.noData);
     EXPECT_TRUE(empty.rangeText.startsWith(QStringLiteral("No data found: ")));
     EXPECT_EQ(empty.grids.first().columns.size(), 4);
@@ -272,9 +363,9 @@ TEST(SnapshotView, EmptyRangesAndPointsTheMeterLacksShowNoData)
 
     f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
     f.context.dataIds = {99999};
-    const ViewResult missing = SnapshotView(f.context, 3).load();
+    const ViewResult missing = SnapshotView(f.context, LogKind::Snapshots).load();
     EXPECT_TRUE(missing.noData);
     EXPECT_TRUE(missing.grids.first().rows.isEmpty());
     f.context.dataIds = {20617, 99999};
-    EXPECT_EQ(SnapshotView(f.context, 3).load().grids.first().columns.size(), 5);
+    EXPECT_EQ(SnapshotView(f.context, LogKind::Snapshots).load().grids.first().columns.size(), 5);
 }

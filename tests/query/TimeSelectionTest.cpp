@@ -4,6 +4,7 @@
 #include "query/TimeSelection.h"
 
 #include "query/TopQueryBuffer.h"
+#include "store/WallClock.h"
 
 #include <gtest/gtest.h>
 
@@ -49,8 +50,8 @@ TEST(TimeSelection, OptionsTurnIntoDatesFromNow)
     TopQueryBuffer buffer;
     t.acceptPrevious(TimeSelection::Hours, QStringLiteral("1"), buffer);
     auto b = t.bounds(now);
-    EXPECT_EQ(b.start, QDateTime(QDate(2024, 3, 20), QTime(13, 37, 0)));
-    EXPECT_EQ(b.end, QDateTime(QDate(2024, 3, 20), QTime(14, 37, 0)));
+    EXPECT_EQ(b.start, WallClock::at(QDate(2024, 3, 20), QTime(13, 37, 0)));
+    EXPECT_EQ(b.end, WallClock::at(QDate(2024, 3, 20), QTime(14, 37, 0)));
     const auto labels = t.labels(b, QStringLiteral("HH:mm"));
     EXPECT_EQ(labels.first, QStringLiteral("Start Time 13:37"));
     EXPECT_EQ(labels.second, QStringLiteral("previous 1 hour(s), 14:37"));
@@ -68,6 +69,6 @@ TEST(TimeSelection, OptionsTurnIntoDatesFromNow)
         t.acceptPrevious(c.option, QString::number(c.n), buffer);
         b = t.bounds(now);
         EXPECT_EQ(b.start, QDateTime(c.start, QTime(0, 0))) << c.option;
-        EXPECT_EQ(b.end, QDateTime(QDate(2024, 3, 20), QTime(23, 59))) << c.option;
+        EXPECT_EQ(b.end, WallClock::at(QDate(2024, 3, 20), QTime(23, 59))) << c.option;
     }
 }

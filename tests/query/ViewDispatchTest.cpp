@@ -8,8 +8,10 @@
 #include "query/DataPointSelection.h"
 #include "query/MeterTable.h"
 #include "query/SelectionCheck.h"
+#include "query/SplitLogMeter.h"
 #include "query/TimeSelection.h"
 #include "query/TopQueryBuffer.h"
+#include "store/WallClock.h"
 #include "support/MeterFileBuilder.h"
 
 #include <QFile>
@@ -69,10 +71,10 @@ TEST(ViewDispatch, SelectionMessagesRangeAndBufferedLoads)
     w.selectPoints({20617, 20618});
     r = w.dispatch.Command2_Click(1, now, 1, {});
     ASSERT_EQ(r.action, ViewDispatch::Action::Grid);
-    EXPECT_EQ(r.logKind, 3);
-    EXPECT_EQ(r.start, QDateTime(QDate(2024, 3, 20), QTime(14, 37, 59)))
+    EXPECT_EQ(r.logKind, LogKind::Snapshots);
+    EXPECT_EQ(r.start, WallClock::at(QDate(2024, 3, 20), QTime(14, 37, 59)))
         << "59 seconds past the end, descending puts the end first";
-    EXPECT_EQ(r.end, QDateTime(QDate(2024, 3, 20), QTime(13, 37, 0)));
+    EXPECT_EQ(r.end, WallClock::at(QDate(2024, 3, 20), QTime(13, 37, 0)));
     EXPECT_EQ(r.itemIds, (QList<qint32>{20617, 20618}));
     EXPECT_EQ(r.itemsCounter, 2);
     ASSERT_EQ(r.files.size(), 1);
@@ -125,6 +127,16 @@ TEST(ViewDispatch, EmptyDataPointsAndTheSplitLogStatusView)
                                                                  }});
     EXPECT_EQ(asked, dml);
     EXPECT_EQ(cancelled.action, ViewDispatch::Action::SplitLogNeeded);
+
+    // Fault: a split-log meter opened as meter 2 had its chosen log loaded over meter 1.
+    const QString systemEvent = SplitLogMeter::systemEventPath(w.sim.splitMeter());
+    ASSERT_TRUE(w.add.run(path, QStringLiteral("empty.DB"), 0).added);
+    ASSERT_TRUE(w.add.run(systemEvent, QStringLiteral("SYSTEM_EVENT.db"), 1).added);
+    const QString chosen = SplitLogMeter::logFilePath(
+        SplitLogMeter::dmlFolderOfLogFile(systemEvent), SplitLogMeter::systemEventLog);
+    w.dispatch.Command2_Click(0, now, 0, {{}, [&](const QString&) { return chosen; }});
+    EXPECT_EQ(w.table.device(0).filePath, path);
+    EXPECT_EQ(w.table.device(1).filePath, chosen);
 }
 
 TEST(DataPointSelection, CapacityForOneAndTwoMeters)

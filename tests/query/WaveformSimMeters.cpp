@@ -2,6 +2,7 @@
 #include "WaveformSimMeters.h"
 
 #include "query/SplitLogMeter.h"
+#include "store/StampedTime.h"
 #include "support/TestMeters.h"
 
 #include <QDir>
@@ -83,7 +84,7 @@ QString WaveformSimMeters::splitLog(const QString& logName)
 
 QDateTime WaveformSimMeters::at(const char* text)
 {
-    return QDateTime::fromString(QString::fromLatin1(text), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    return StampedTime::parseClock(QString::fromLatin1(text));
 }
 
 QueryContext WaveformSimMeters::context(const QList<LogFileEntry>& files, const char* start,

@@ -58,7 +58,27 @@ TEST(WaveformView, TypeFilterOnTheSplitMetersCaptureFiles)
                                                  : QStringLiteral(": Waveform")));
             EXPECT_EQ(grid.rows.at(r).at(7), QStringLiteral("Feeder 15"));
         }
+        // Fault: the kind word was matched case-sensitively; a lower-case path still counts.
+        // And a descending query stored its range reversed in the catalogue.
+        SqliteDatabase& db = context.scratch->database();
+        db.execute(QStringLiteral("UPDATE %1 SET [sample0] = lower([sample0])")
+                       .arg(result.numbers.sliceTable(QStringLiteral("WaveformLog_"))));
+        EXPECT_EQ(
+            WaveformGrid::fill(db, result.numbers, true, type, context.dataFormat).rows.size(),
+            expected.at(type))
+            << type;
     }
+    QueryContext backwards =
+        sim.context({WaveformSimMeters::split()}, "2024-03-05 23:59:59", "2024-03-04 00:00:00");
+    backwards.descending = true;
+    const ViewResult back = WaveformView::run(backwards);
+    SqlStatement range = backwards.scratch->database().prepare(
+        QStringLiteral("SELECT [StartDate/Time], [EndDate/Time] FROM AllQueries WHERE "
+                       "[QueryIndex] = ?"));
+    range.bindAll({back.numbers.query});
+    ASSERT_TRUE(range.next());
+    EXPECT_EQ(range.text(0), QStringLiteral("2024-03-04 00:00:00"));
+    EXPECT_EQ(range.text(1), QStringLiteral("2024-03-05 23:59:59"));
 }
 
 TEST(WaveformView, RowsKeysAndFullScalesOfOneMeterFile)

@@ -170,9 +170,6 @@ TEST(DictionaryLookUps, ShippedTablesLoadAndAnswer)
     ASSERT_TRUE(kwh.has_value());
     EXPECT_EQ(kwh->formatId, 4);
     EXPECT_FALSE(formats.find(20617).has_value());
-    EXPECT_STREQ(DeviceScaledFormats::unitPrefix(1), "k");
-    EXPECT_STREQ(DeviceScaledFormats::unitPrefix(2), "M");
-    EXPECT_STREQ(DeviceScaledFormats::unitPrefix(3), "M");
 }
 
 TEST(DictionaryLookUps, EmptyMissingAndDamagedTables)
@@ -208,45 +205,15 @@ TEST(DictionaryLookUps, EmptyMissingAndDamagedTables)
     EXPECT_THROW(lookUp.load(db), StorageError);
 }
 
-TEST(ScaledEnergyFormat, PatternsPrefixesAndTexts)
+TEST(ScaledEnergyFormat, PatternsAndThePrefixItsUnitsName)
 {
     const char* patterns[] = {"#,##0",      "#,##0.0",     "#,##0.00",     "#,##0.000",
                               "#,##0.0000", "#,##0.00000", "#,##0.000000", "#,##0.0000000"};
     for (int decimals = 0; decimals <= 7; ++decimals)
-        EXPECT_EQ(ScaledEnergyFormat(9, 1, decimals).pattern(), QLatin1String(patterns[decimals]));
-    EXPECT_EQ(ScaledEnergyFormat(9, 1, 12).decimals(), 7);
-    EXPECT_EQ(ScaledEnergyFormat(9, 1, -3).pattern(), QStringLiteral("#,##0"));
-
-    EXPECT_EQ(ScaledEnergyFormat(9, 0, 0).unitPrefix(), QString());
-    EXPECT_EQ(ScaledEnergyFormat(9, 1, 0).unitPrefix(), QStringLiteral("k"));
-    EXPECT_EQ(ScaledEnergyFormat(9, 2, 0).unitPrefix(), QStringLiteral("M"));
-    EXPECT_EQ(ScaledEnergyFormat(9, 3, 0).unitPrefix(), QStringLiteral("G"));
-    EXPECT_EQ(ScaledEnergyFormat(9, 4, 0).unitPrefix(), QString());
-
-    const QLocale c = QLocale::c();
-    const QLocale german(QLocale::German, QLocale::Germany);
-    EXPECT_EQ(ScaledEnergyFormat(9, 1, 2).text(1234567.891, c), QStringLiteral("1,234,567.89"));
-    EXPECT_EQ(ScaledEnergyFormat(9, 1, 2).text(1234567.891, german),
-              QStringLiteral("1.234.567,89"));
-    EXPECT_EQ(ScaledEnergyFormat(9, 1, 0).text(999.5, c), QStringLiteral("1,000"));
-    EXPECT_EQ(ScaledEnergyFormat(9, 1, 1).text(-0.04, c).remove(u'-'), QStringLiteral("0.0"));
-    EXPECT_EQ(ScaledEnergyFormat(9, 1, 3).text(0.5, german), QStringLiteral("0,500"));
-}
-
-TEST(ScaledEnergyFormat, ReadsTheMeterRowOfProfileAndFormat)
-{
-    QTemporaryDir dir;
-    SqliteDatabase meter(dir.filePath(QStringLiteral("m.DB")), SqliteDatabase::Mode::Create);
-    meter.executeScript(QStringLiteral(R"(
-        CREATE TABLE ScaledFormats (ProfileIndex INTEGER, FormatID INTEGER, Digits INTEGER,
-                                    Units INTEGER, Decimals INTEGER);
-        INSERT INTO ScaledFormats VALUES (0, 4, 9, 1, 0), (1, 4, 9, 2, 3), (0, 5, NULL, NULL, NULL);
-    )"));
-    const auto profile1 = ScaledEnergyFormat::read(meter, 1, 4);
-    ASSERT_TRUE(profile1.has_value());
-    EXPECT_EQ(profile1->unitPrefix(), QStringLiteral("M"));
-    EXPECT_EQ(profile1->text(12345.6789, QLocale::c()), QStringLiteral("12,345.679"));
-    EXPECT_EQ(ScaledEnergyFormat::read(meter, 0, 4)->pattern(), QStringLiteral("#,##0"));
-    EXPECT_EQ(ScaledEnergyFormat::read(meter, 0, 5)->pattern(), QStringLiteral("#,##0"));
-    EXPECT_FALSE(ScaledEnergyFormat::read(meter, 2, 4).has_value());
+        EXPECT_EQ(ScaledEnergyFormat(1, decimals).pattern(), QLatin1String(patterns[decimals]));
+    EXPECT_EQ(ScaledEnergyFormat(1, 12).decimals(), 7);
+    EXPECT_EQ(ScaledEnergyFormat(1, -3).pattern(), QStringLiteral("#,##0"));
+    const char* prefixes[] = {"", "k", "M", "G", ""};
+    for (int units = 0; units <= 4; ++units)
+        EXPECT_EQ(ScaledEnergyFormat(units, 0).unitPrefix(), QLatin1String(prefixes[units]));
 }

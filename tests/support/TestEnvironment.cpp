@@ -16,9 +16,17 @@ QString dataFolder()
     return QStringLiteral(LORVANE_DATA_DIR);
 }
 
-ProcessResult runProgram(const QString& name, const QStringList& arguments)
+ProcessResult runProgram(const QString& name, const QStringList& arguments,
+                         const QStringList& environment)
 {
     QProcess process;
+    if (!environment.isEmpty()) {
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        for (const QString& entry : environment)
+            variables.insert(entry.section(QLatin1Char('='), 0, 0),
+                             entry.section(QLatin1Char('='), 1));
+        process.setProcessEnvironment(variables);
+    }
     process.start(programPath(name), arguments);
     ProcessResult result;
     if (!process.waitForFinished(120000)) {

@@ -19,6 +19,8 @@ struct ProcessResult
 };
 
 /// Runs a program of the build tree to its end (at most two minutes) and returns what it said.
-ProcessResult runProgram(const QString& name, const QStringList& arguments);
+/// Runs a program of the build; `environment` adds or replaces variables ("TZ=Europe/Berlin").
+ProcessResult runProgram(const QString& name, const QStringList& arguments,
+                         const QStringList& environment = {});
 
 } // namespace lorvane::test

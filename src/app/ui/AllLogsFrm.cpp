@@ -7,24 +7,22 @@
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
 #include "query/LogFileList.h"
-#include "query/LogTree.h"
 #include "query/SplitLogMeter.h"
 #include "query/ViewButtons.h"
 #include "query/ui/SelDataPoints.h"
 #include "query/ui/SelTimeRange.h"
 #include "query/ui/frmDeviceMasterLog.h"
-#include "store/MeterDatabase.h"
-#include "store/SchemaCatalog.h"
 #include "store/TempQueryDatabase.h"
+#include "store/WallClock.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHash>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -86,13 +84,6 @@ QString exportTitle(int button)
                                         : to + QStringLiteral(" COMTRADE");
 }
 
-QTreeWidgetItem* addNode(QTreeWidgetItem* parent, const QString& key, const QString& text)
-{
-    auto* node = new QTreeWidgetItem(parent, QStringList{text});
-    node->setData(0, keyRole, key);
-    return node;
-}
-
 /// The settings name default data points once any stored row holds an id.
 bool defaultsPresent(const DefaultSelection& stored)
 {
@@ -108,17 +99,16 @@ bool twentyFourHour(const QString& timeFormat)
 } // namespace
 
 AllLogsFrm::AllLogsFrm(RunContext& context, QWidget* parent)
-    : QWidget(parent), m_context(context), m_meters(context.settings.maxDeviceLogNumber)
+    : QWidget(parent), m_context(context),
+      m_session(context.settings.maxDeviceLogNumber,
+                context.scratch ? context.scratch->path() : QString())
 {
     setObjectName(QStringLiteral("AllLogsFrm"));
     setWindowTitle(userText("310002", "Meter and Log Selection"));
-    const QString scratchPath = m_context.scratch ? m_context.scratch->path() : QString();
-    m_addFile = std::make_unique<AddFileToSystem>(m_meters, m_buffer, m_points, scratchPath);
-    m_dispatch = std::make_unique<ViewDispatch>(m_meters, m_points, m_time, m_buffer, *m_addFile);
 
     const DefaultSelection& stored = m_context.defaultSelection;
     m_points.loadDefaults(stored, defaultsPresent(stored));
-    m_time.read(stored, QDateTime::currentDateTime());
+    m_time.read(stored, WallClock::now());
     m_meters.setLastFolder(m_context.settings.currentPath);
 
     buildWindow();
@@ -180,7 +170,12 @@ void AllLogsFrm::buildWindow()
     m_dmlButton->setObjectName(QStringLiteral("cmd_DML_Select"));
     m_dmlButton->setToolTip(userText("310076", "Choose another log of the Device Master Log"));
     connect(m_dmlButton, &QPushButton::clicked, this, [this] {
-        const QString chosen = chooseSplitLog(splitLogMarker());
+        // The log chosen before opens again; only without one is the choice offered.
+        QString chosen = m_meters.storedDevicePath();
+        if (chosen.isEmpty()) {
+            chosen = chooseSplitLog(splitLogMarker());
+            m_meters.setStoredDevicePath(chosen);
+        }
         if (!chosen.isEmpty() && openMeterFile(chosen, 0)) {
             // The chosen log belongs to the split-log meter, which stays alone.
             m_meters.setMeter2Selectable(false);
@@ -267,14 +262,13 @@ void AllLogsFrm::installDefaultHooks()
                                        m_meters.device(0).userItemLabels)
                                  : QList<DataPointRow>{};
         SelDataPoints dialog(m_points, m_buffer, available, m_meters.usedCount(),
-                             m_context.paths.settingsFile, this);
+                             m_context.defaultSelection, m_context.paths.settingsFile, this);
         connect(&dialog, &SelDataPoints::helpRequested, this, &AllLogsFrm::helpRequested);
         return dialog.exec() == QDialog::Accepted;
     };
     runTimeRangeDialog = [this] {
-        SelTimeRange dialog(m_time, m_buffer, TimeSelection::dataBounds(m_meters),
-                            QDateTime::currentDateTime(), twentyFourHour(m_context.timeFormat),
-                            this);
+        SelTimeRange dialog(m_time, m_buffer, TimeSelection::dataBounds(m_meters), WallClock::now(),
+                            twentyFourHour(m_context.timeFormat), this);
         connect(&dialog, &SelTimeRange::helpRequested, this, &AllLogsFrm::helpRequested);
         return dialog.exec() == QDialog::Accepted;
     };
@@ -314,7 +308,7 @@ void AllLogsFrm::Command2_Click(int index)
     ViewDispatch::Request request;
     try {
         ViewDispatch::Dialogs dialogs{[this] { Command3_Click(2); }, chooseSplitLog};
-        request = m_dispatch->Command2_Click(index, QDateTime::currentDateTime(), 0, dialogs);
+        request = m_session.dispatch().Command2_Click(index, WallClock::now(), 0, dialogs);
     } catch (const Fault& fault) {
         userMessages().show(fault.message(), UserMessages::Icon::Critical);
         emit programEndRequested();
@@ -395,7 +389,7 @@ bool AllLogsFrm::openMeterFile(const QString& path, int meterIndex)
 {
     AddFileToSystem::Outcome outcome;
     try {
-        outcome = m_addFile->run(path, QFileInfo(path).fileName(), meterIndex);
+        outcome = m_session.addFile().run(path, QFileInfo(path).fileName(), meterIndex);
     } catch (const Fault& fault) {
         userMessages().show(fault.message(), UserMessages::Icon::Critical);
         emit programEndRequested();
@@ -419,24 +413,12 @@ bool AllLogsFrm::openMeterFile(const QString& path, int meterIndex)
 
 void AllLogsFrm::autoLoadNewestFile()
 {
-    const QString folder = m_context.settings.currentPath;
-    if (folder.isEmpty() || !QFileInfo(folder).isDir()) {
-        userMessages().show(userText("310097", "Invalid path") + QLatin1Char('\n') +
-                                userText("310098", "Please start Tessera Ext to resolve error") +
-                                QStringLiteral(": ") + folder,
-                            UserMessages::Icon::Warning);
-        return;
-    }
-    const QFileInfoList files = QDir(folder).entryInfoList({QStringLiteral("*.DB")}, QDir::Files,
-                                                           QDir::Name | QDir::IgnoreCase);
-    const QFileInfo* newest = nullptr;
-    for (const QFileInfo& file : files) {
-        // Strictly later: of files written at the same moment the first one listed wins.
-        if (!newest || file.lastModified() > newest->lastModified())
-            newest = &file;
-    }
-    if (newest)
-        openMeterFile(newest->absoluteFilePath(), 0);
+    const SelectionSession::NewestFile newest =
+        SelectionSession::newestMeterFile(m_context.settings.currentPath);
+    if (!newest.refusal.isEmpty())
+        userMessages().show(newest.refusal, UserMessages::Icon::Warning);
+    else if (!newest.path.isEmpty())
+        openMeterFile(newest.path, 0);
 }
 
 void AllLogsFrm::DoReFresh()
@@ -450,59 +432,19 @@ void AllLogsFrm::DoReFresh()
 void AllLogsFrm::fillTree()
 {
     m_tree->clear();
-    auto* root = new QTreeWidgetItem(m_tree, QStringList{userText("310100", "All Devices")});
-    root->setData(0, keyRole, QStringLiteral("ROOT"));
-    for (int id = 0; id < m_context.deviceTypes.size(); ++id) {
-        const DeviceTypeTable::Entry type = m_context.deviceTypes.entry(id);
-        if (type.inUse)
-            addNode(root, QStringLiteral("DevID#_%1").arg(id), type.name);
+    QHash<QString, QTreeWidgetItem*> byKey;
+    for (const SelectionSession::TreeNode& node : m_session.tree(m_context.deviceTypes)) {
+        QTreeWidgetItem* parent = byKey.value(node.parentKey);
+        auto* item = parent ? new QTreeWidgetItem(parent, QStringList{node.text})
+                            : new QTreeWidgetItem(m_tree, QStringList{node.text});
+        item->setData(0, keyRole, node.key);
+        if (!node.filePath.isEmpty()) {
+            item->setData(0, tagRole, node.filePath);
+            item->setToolTip(0, node.filePath);
+        }
+        item->setExpanded(!node.key.startsWith(QStringLiteral("DeItem_")));
+        byKey.insert(node.key, item);
     }
-
-    const QStringList itemLabels = SchemaCatalog::logDisplayNames();
-    for (int i = 1; i <= m_meters.maxDevices(); ++i) {
-        const DeviceRecord& device = m_meters.device(i - 1);
-        if (device.filePath.isEmpty())
-            continue;
-        const QString typeKey = QStringLiteral("DevID#_%1").arg(device.deviceTypeId);
-        QTreeWidgetItem* typeNode = nullptr;
-        for (int c = 0; c < root->childCount() && !typeNode; ++c) {
-            if (root->child(c)->data(0, keyRole).toString() == typeKey)
-                typeNode = root->child(c);
-        }
-        if (!typeNode)
-            typeNode = addNode(root, typeKey, device.deviceType);
-        QTreeWidgetItem* meterNode =
-            addNode(typeNode, QStringLiteral("Device_%1").arg(i), device.fileName);
-        meterNode->setData(0, tagRole, device.filePath);
-        meterNode->setToolTip(0, device.filePath);
-
-        QList<LogTreeEntry> logs;
-        try {
-            MeterDatabase meter(device.filePath, QStringLiteral("DoReFresh"));
-            logs = LogTree::read(meter);
-        } catch (const std::exception&) {
-            // A meter that no longer opens keeps its node without items.
-            continue;
-        }
-        for (int n = 1; n < itemLabels.size(); ++n) {
-            QString text = itemLabels.at(n);
-            if (n == 1)
-                text += QStringLiteral(" = ") + device.hardwareName + QStringLiteral(" (") +
-                        device.hardwareId + QLatin1Char(')');
-            else if (n == 2)
-                text += QStringLiteral(" = ") + device.filePath;
-            QTreeWidgetItem* item =
-                addNode(meterNode, QStringLiteral("DeItem_%1|D_%2").arg(n).arg(i), text);
-            for (const LogTreeEntry& log : logs) {
-                if (log.logKind == n)
-                    addNode(item, QStringLiteral("LogsID_%1|D_%2|Logs_1").arg(n).arg(i),
-                            log.text());
-            }
-        }
-        meterNode->setExpanded(true);
-        typeNode->setExpanded(true);
-    }
-    root->setExpanded(true);
 }
 
 void AllLogsFrm::fillCombos()
@@ -541,7 +483,7 @@ void AllLogsFrm::enableViewButtons()
 
 void AllLogsFrm::showSelectionTexts()
 {
-    const TimeSelection::Bounds bounds = m_time.bounds(QDateTime::currentDateTime());
+    const TimeSelection::Bounds bounds = m_time.bounds(WallClock::now());
     QString dateFormat = m_context.shortDateFormat.isEmpty() ? QStringLiteral("MM/dd/yyyy")
                                                              : m_context.shortDateFormat;
     dateFormat += QLatin1Char(' ') +

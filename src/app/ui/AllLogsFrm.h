@@ -2,12 +2,7 @@
 #pragma once
 
 #include "platform/UserMessages.h"
-#include "query/AddFileToSystem.h"
-#include "query/DataPointSelection.h"
-#include "query/MeterTable.h"
-#include "query/TimeSelection.h"
-#include "query/TopQueryBuffer.h"
-#include "query/ViewDispatch.h"
+#include "query/SelectionSession.h"
 
 #include <QWidget>
 #include <array>
@@ -88,12 +83,12 @@ private:
     void showMessages(const QStringList& messages, UserMessages::Icon icon);
 
     RunContext& m_context;
-    MeterTable m_meters;
-    DataPointSelection m_points;
-    TimeSelection m_time;
-    TopQueryBuffer m_buffer;
-    std::unique_ptr<AddFileToSystem> m_addFile;
-    std::unique_ptr<ViewDispatch> m_dispatch;
+    /// The selection itself; the window keeps the tree, the combo boxes and the buttons.
+    SelectionSession m_session;
+    MeterTable& m_meters = m_session.meters();
+    DataPointSelection& m_points = m_session.dataPoints();
+    TimeSelection& m_time = m_session.timeSelection();
+    TopQueryBuffer& m_buffer = m_session.topQueryBuffer();
     std::array<bool, 15> m_enabled{};
 
     QTreeWidget* m_tree = nullptr;

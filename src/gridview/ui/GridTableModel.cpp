@@ -54,8 +54,8 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const
         return cells.value(index.column());
     }
     case Qt::DecorationRole:
-        if (heading || index.column() != 0 || row >= m_table.rowPictures.size() ||
-            m_table.rowPictures.at(row).isEmpty())
+        if (heading || index.column() != m_table.pictureColumn ||
+            row >= m_table.rowPictures.size() || m_table.rowPictures.at(row).isEmpty())
             return {};
         return picture(m_table.rowPictures.at(row));
     case Qt::FontRole:
@@ -66,8 +66,11 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const
         }
         return {};
     case Qt::BackgroundRole:
-        // The heading rows read as part of the grid's heading.
-        return heading ? QVariant(QBrush(QColor(226, 232, 244))) : QVariant();
+        // The heading rows read as part of the grid's heading; a PQ row takes the colour of
+        // its condition.
+        if (heading)
+            return QBrush(QColor(226, 232, 244));
+        return conditionBrush(m_table.rowConditions.value(row));
     case int(Role::RowKeys):
         return heading || row >= m_table.rowKeys.size() ? QVariant()
                                                         : QVariant(m_table.rowKeys.at(row));
@@ -86,6 +89,16 @@ QVariant GridTableModel::headerData(int section, Qt::Orientation orientation, in
         return m_table.columns.value(section);
     const int data = dataRow(section);
     return data < 0 ? QVariant() : QVariant(data + 1);
+}
+
+QVariant GridTableModel::conditionBrush(const QString& condition)
+{
+    static const QHash<QString, QColor> colours{{QStringLiteral("SURGE"), QColor(255, 214, 204)},
+                                                {QStringLiteral("SAG"), QColor(255, 241, 196)},
+                                                {QStringLiteral("START"), QColor(214, 236, 214)},
+                                                {QStringLiteral("END"), QColor(214, 226, 245)}};
+    const auto found = colours.constFind(condition);
+    return found == colours.constEnd() ? QVariant() : QVariant(QBrush(*found));
 }
 
 QIcon GridTableModel::picture(const QString& name) const

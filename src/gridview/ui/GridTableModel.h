@@ -42,6 +42,8 @@ public:
 
 private:
     QIcon picture(const QString& name) const;
+    /// The background of a data row of condition key `condition` ("SURGE" ...); none for "".
+    static QVariant conditionBrush(const QString& condition);
 
     GridTable m_table;
     QString m_imageFolder;

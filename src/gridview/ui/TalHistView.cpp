@@ -44,17 +44,17 @@ QueryContext baseContext(RunContext& context)
 }
 
 /// Grid 1 of a PQ view lists the captures of a record; the settings of a row go to grid 3.
-int detailGrid(int kind, int grid)
+int detailGrid(LogKind kind, int grid)
 {
-    return kind == 10 && grid == 0 ? 1 : 3;
+    return kind == LogKind::PowerQuality && grid == 0 ? 1 : 3;
 }
 
 } // namespace
 
-bool TalHistView::loadedKind(int kind) const
+bool TalHistView::loadedKind(LogKind kind) const
 {
     // The status and compliance pages have no sort: they are not read from query tables.
-    return m_session.loaded() && kind != 0 && kind != 76;
+    return m_session.loaded() && kind != LogKind::DatabaseStatus && kind != LogKind::EN50160;
 }
 
 TalHistView::TalHistView(RunContext& context, QWidget* parent)
@@ -173,7 +173,7 @@ QPushButton* TalHistView::command(int index) const
     return m_commands.at(size_t(index));
 }
 
-int TalHistView::logKind() const
+LogKind TalHistView::logKind() const
 {
     return m_session.logKind();
 }
@@ -236,7 +236,7 @@ void TalHistView::showGrids()
 void TalHistView::refresh()
 {
     const ViewResult& result = m_session.result();
-    const int kind = logKind();
+    const LogKind kind = logKind();
     m_filling = true;
     m_typeLabel->setText(m_session.typeCaption());
     m_combo1->clear();
@@ -266,8 +266,8 @@ void TalHistView::refresh()
 
     m_commands[SortCommand]->setEnabled(loadedKind(kind));
     const bool loaded = m_session.loaded();
-    // Only the waveform window exists among the graph windows: the others stay disabled.
-    m_commands[GraphCommand]->setEnabled(loaded && kind == 9);
+    m_commands[GraphCommand]->setEnabled(
+        loaded && LogViewSession::graphWindowExists(LogViewSession::graphTarget(kind)));
     m_commands[HelpCommand]->setEnabled(true);
     m_commands[BackCommand]->setEnabled(true);
     m_commands[UpCommand]->setEnabled(m_session.canUp());
@@ -387,7 +387,7 @@ void TalHistView::sortChosen(int index)
 
 void TalHistView::openSort()
 {
-    const bool snapshots = logKind() == 3 || logKind() == 4;
+    const bool snapshots = logKind() == LogKind::Snapshots || logKind() == LogKind::Demand;
     SortOptionsFrm dialog(m_session.sortItems(),
                           snapshots ? SortOptions::snapshotGroupings() : QStringList(),
                           m_session.sort(), this);

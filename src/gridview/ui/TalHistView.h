@@ -53,7 +53,7 @@ public:
     /// Runs the loaders (`fresh`) or shows the buffered query of the pressing button.
     void LoadQuery(bool fresh);
     /// The kind shown (the last request's).
-    int logKind() const;
+    LogKind logKind() const;
     /// The progress watcher of the loads (the frame gives the wait window); null = silent.
     void setProgressFactory(std::function<std::unique_ptr<LoadProgress>()> factory);
 
@@ -105,7 +105,7 @@ private:
     QString selectionText(int gridIndex) const;
     int selectedRow() const;
     /// A view of `kind` is shown whose grid can be re-sorted.
-    bool loadedKind(int kind) const;
+    bool loadedKind(LogKind kind) const;
     /// Runs `work` with a progress watcher; a failure is told in a message box and the
     /// window keeps what it showed.
     void runGuarded(const std::function<void(LoadProgress*)>& work);

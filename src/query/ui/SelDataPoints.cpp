@@ -50,9 +50,9 @@ void fillGrid(QTableWidget* grid, const QList<DataPointRow>& rows)
 
 SelDataPoints::SelDataPoints(DataPointSelection& points, TopQueryBuffer& buffer,
                              const QList<DataPointRow>& available, int devices,
-                             QString settingsFile, QWidget* parent)
+                             DefaultSelection& stored, QString settingsFile, QWidget* parent)
     : QDialog(parent), m_points(points), m_buffer(buffer), m_devices(std::max(devices, 1)),
-      m_settingsFile(std::move(settingsFile))
+      m_stored(stored), m_settingsFile(std::move(settingsFile))
 {
     setObjectName(QStringLiteral("SelDataPoints"));
     setWindowTitle(userText("310202", "Select Data Points"));
@@ -154,7 +154,7 @@ void SelDataPoints::Command1_Click(int index)
         tell(m_points.restore());
         break;
     case 4:
-        tell(m_points.setDefault(m_settingsFile));
+        tell(m_points.setDefault(m_stored, m_settingsFile));
         break;
     case 5:
         moveSelectedRows(1);

@@ -22,10 +22,10 @@ class SelDataPoints : public QDialog
 
 public:
     /// Opens the dialog on `available` (the points of the used meters) for `devices` meters;
-    /// "&Set Default" writes `settingsFile`.
+    /// "&Set Default" updates the run's `stored` defaults and writes `settingsFile`.
     SelDataPoints(DataPointSelection& points, TopQueryBuffer& buffer,
-                  const QList<DataPointRow>& available, int devices, QString settingsFile,
-                  QWidget* parent = nullptr);
+                  const QList<DataPointRow>& available, int devices, DefaultSelection& stored,
+                  QString settingsFile, QWidget* parent = nullptr);
 
     /// A press of button `index`: 0 help, 1 cancel, 2 OK, 3 restore, 4 set default, 5 add,
     /// 6 remove, 7 add all, 8 remove all. Add and remove move the selected rows of their list.
@@ -47,6 +47,7 @@ private:
     DataPointSelection& m_points;
     TopQueryBuffer& m_buffer;
     int m_devices;
+    DefaultSelection& m_stored;
     QString m_settingsFile;
     std::array<QTableWidget*, 2> m_grids{};
     std::array<QLabel*, 2> m_counts{};

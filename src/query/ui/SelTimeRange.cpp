@@ -5,6 +5,7 @@
 #include "platform/UserText.h"
 #include "query/TopQueryBuffer.h"
 #include "query/ui/selDateTime.h"
+#include "store/WallClock.h"
 
 #include <QDateEdit>
 #include <QEvent>
@@ -205,7 +206,7 @@ QDateTime SelTimeRange::bound(bool endOfRange) const
 {
     const size_t first = endOfRange ? 2 : 0;
     const QTime time = m_pickers.at(first)->time();
-    return QDateTime(m_pickers.at(first + 1)->date(), QTime(time.hour(), time.minute()));
+    return WallClock::at(m_pickers.at(first + 1)->date(), time);
 }
 
 void SelTimeRange::setBound(bool endOfRange, const QDateTime& value)

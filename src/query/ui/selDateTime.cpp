@@ -3,6 +3,7 @@
 
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
+#include "store/WallClock.h"
 
 #include <QCalendarWidget>
 #include <QGridLayout>
@@ -120,7 +121,7 @@ void selDateTime::setMinuteOfDay(int minute)
 
 QDateTime selDateTime::dateTime() const
 {
-    return QDateTime(m_calendar->selectedDate(), QTime(0, 0).addSecs(m_slider->value() * 60));
+    return WallClock::at(m_calendar->selectedDate(), QTime(0, 0).addSecs(m_slider->value() * 60));
 }
 
 void selDateTime::OK_Click()

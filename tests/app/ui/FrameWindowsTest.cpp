@@ -31,6 +31,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+using lorvane::LogKind;
 using lorvane::RecordedMessages;
 using lorvane::TalLorvane;
 using lorvane::test::ScopedEnvironment;
@@ -183,7 +184,7 @@ TEST(FrameWindows, MenusForwardToTheSelectionWindowAndMirrorItsButtons)
     frame->viewDataActions()[0]->trigger();
     EXPECT_TRUE(frame->gridSubWindow()->isVisible());
     EXPECT_EQ(frame->mdiArea()->activeSubWindow(), frame->gridSubWindow());
-    EXPECT_EQ(frame->gridWindow()->logKind(), 0);
+    EXPECT_EQ(frame->gridWindow()->logKind(), LogKind::DatabaseStatus);
     emit frame->gridWindow()->backRequested();
     EXPECT_FALSE(frame->gridSubWindow()->isVisible());
     EXPECT_EQ(frame->mdiArea()->activeSubWindow()->widget(), selection);
@@ -218,7 +219,7 @@ TEST(FrameWindows, CommandLineOpensTheMeterWithItsRangeChannelsAndView)
     EXPECT_EQ(selection->dataPoints().usedIds(), QList<qint32>({21017, 20617}));
     // LOGID 2 is the Snapshots button: the grid shows log kind 3.
     EXPECT_TRUE(frame->gridSubWindow()->isVisible());
-    EXPECT_EQ(frame->gridWindow()->logKind(), 3);
+    EXPECT_EQ(frame->gridWindow()->logKind(), LogKind::Snapshots);
 }
 
 TEST(FrameWindows, ClosingFromTheGridAsksAndARowNumberGoesToTheStatusBar)
@@ -230,7 +231,8 @@ TEST(FrameWindows, ClosingFromTheGridAsksAndARowNumberGoesToTheStatusBar)
     ASSERT_NE(frame, nullptr);
     lorvane::TalHistView* grid = frame->gridWindow();
     ASSERT_TRUE(frame->gridSubWindow()->isVisible());
-    ASSERT_EQ(grid->logKind(), 3) << run.messages().texts().join('\n').toStdString();
+    ASSERT_EQ(grid->logKind(), LogKind::Snapshots)
+        << run.messages().texts().join('\n').toStdString();
 
     // A chosen snapshot row tells its number in the frame's status bar.
     QTableView* rows = grid->grid(0);
@@ -282,7 +284,8 @@ TEST(FrameWindows, AWaveformRowOpensItsCaptureInAWindowOfItsOwn)
         run.start("LOGID:4 FRT:030424000000 LRT:030624000000 \"" + run.meterPath() + "\"");
     ASSERT_NE(frame, nullptr);
     lorvane::TalHistView* grid = frame->gridWindow();
-    ASSERT_EQ(grid->logKind(), 9) << run.messages().texts().join('\n').toStdString();
+    ASSERT_EQ(grid->logKind(), LogKind::Waveform)
+        << run.messages().texts().join('\n').toStdString();
     QAbstractItemModel* rows = grid->grid(0)->model();
     ASSERT_GT(rows->rowCount(), 0);
 

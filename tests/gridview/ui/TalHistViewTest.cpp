@@ -95,22 +95,27 @@ TEST(TalHistView, EveryKindShowsItsGridsThroughTheModel)
 {
     Window w;
     w.view->show();
+    using Target = LogViewSession::GraphTarget;
+    // Which window each kind hands its rows to with &Graph; the button is enabled once that
+    // window exists. A graph window that lands adds its target to `graphWindowExists`.
     struct Press
     {
         int button;
-        int kind;
+        LogKind kind;
         const char* screenshot;
+        Target graph;
     };
-    const QList<Press> presses{{1, 3, "log-grid-snapshots"},
-                               {2, 4, nullptr},
-                               {3, 5, "log-grid-limits"},
-                               {7, 6, nullptr},
-                               {8, 7, nullptr},
-                               {11, 8, nullptr},
-                               {4, 9, "log-grid-waveform"},
-                               {5, 10, "log-grid-pq"},
-                               {12, 11, nullptr},
-                               {0, 0, "log-grid-status"}};
+    const QList<Press> presses{{1, LogKind::Snapshots, "log-grid-snapshots", Target::TrendSetup},
+                               {2, LogKind::Demand, nullptr, Target::TrendSetup},
+                               {3, LogKind::Limits, "log-grid-limits", Target::None},
+                               {7, LogKind::Inputs, nullptr, Target::None},
+                               {8, LogKind::Relays, nullptr, Target::RelayTree},
+                               {11, LogKind::Flicker, nullptr, Target::TrendSetup},
+                               {4, LogKind::Waveform, "log-grid-waveform", Target::WaveformGraph},
+                               {5, LogKind::PowerQuality, "log-grid-pq", Target::PqGraph},
+                               {12, LogKind::SystemEvent, nullptr, Target::TrendSetup},
+                               {0, LogKind::DatabaseStatus, "log-grid-status", Target::None}};
+    EXPECT_EQ(LogViewSession::graphTarget(LogKind::EN50160), Target::ComplianceChart);
     for (const Press& p : presses) {
         SCOPED_TRACE(p.button);
         w.view->showRequest(w.press(p.button), w.buffer);
@@ -118,10 +123,12 @@ TEST(TalHistView, EveryKindShowsItsGridsThroughTheModel)
         EXPECT_TRUE(w.view->windowTitle().endsWith(
             QStringLiteral(" - [") + LogViewSession::viewName(p.kind) + QLatin1Char(']')));
         EXPECT_GT(w.view->grid(0)->model()->columnCount(), 0);
-        if (p.kind != 4) {
-            EXPECT_GT(w.rows(0), 0) << "kind " << p.kind;
+        if (p.kind != LogKind::Demand) {
+            EXPECT_GT(w.rows(0), 0) << "kind " << int(p.kind);
         }
-        EXPECT_EQ(w.view->command(TalHistView::GraphCommand)->isEnabled(), p.kind == 9);
+        EXPECT_EQ(LogViewSession::graphTarget(p.kind), p.graph);
+        EXPECT_EQ(w.view->command(TalHistView::GraphCommand)->isEnabled(),
+                  LogViewSession::graphWindowExists(p.graph));
         if (p.screenshot) {
             EXPECT_TRUE(saveScreenshot(w.view.get(), QString::fromLatin1(p.screenshot)));
         }
@@ -276,7 +283,7 @@ TEST(TalHistView, CheckMarksBindTheSelectedRowAndRowsTellTheirNumber)
     ASSERT_TRUE(w.view->boundRecord(1).has_value());
     EXPECT_EQ(w.view->boundRecord(0)->cells.first(), w.cell(0, 1, 0));
     EXPECT_EQ(w.view->boundRecord(1)->cells.first(), w.cell(0, 0, 0));
-    EXPECT_EQ(w.view->boundRecord(0)->logKind, 9);
+    EXPECT_EQ(w.view->boundRecord(0)->logKind, LogKind::Waveform);
     first->click();
     EXPECT_FALSE(w.view->boundRecord(0).has_value());
     EXPECT_TRUE(w.view->boundRecord(1).has_value());

@@ -153,6 +153,11 @@ TEST(SelectionWindow, ButtonsFollowMeterKindAndDeviceMasterLogHidesMeter2)
     button(window, QStringLiteral("cmd_DML_Select"))->click();
     EXPECT_TRUE(asked.endsWith(QStringLiteral(".dml"))) << asked.toStdString();
     EXPECT_TRUE(combo2->isHidden());
+    // Fault: a second press asked again; it opens the log chosen before.
+    asked.clear();
+    button(window, QStringLiteral("cmd_DML_Select"))->click();
+    EXPECT_TRUE(asked.isEmpty());
+    EXPECT_EQ(window.meters().storedDevicePath(), window.meters().device(0).filePath);
 
     ASSERT_TRUE(window.openMeterFile(f.sim.meter(QStringLiteral("standard")), 0));
     EXPECT_FALSE(combo2->isHidden()) << "a plain file makes meter 2 selectable again";
@@ -178,7 +183,7 @@ TEST(SelectionWindow, SnapshotsPressRequestsFreshThenBufferedView)
     ASSERT_EQ(spy.count(), 1) << f.messages.texts().join('\n').toStdString();
     auto request = spy.at(0).at(0).value<ViewDispatch::Request>();
     EXPECT_EQ(request.action, ViewDispatch::Action::Grid);
-    EXPECT_EQ(request.logKind, 3);
+    EXPECT_EQ(request.logKind, LogKind::Snapshots);
     EXPECT_EQ(request.button, 1);
     EXPECT_EQ(request.itemIds, (QList<qint32>{20617, 20618}));
     ASSERT_EQ(request.files.size(), 1);
@@ -297,7 +302,7 @@ TEST(SelectionWindow, DataPointButtonRunsDialogAndShowsTheCount)
         const QList<DataPointRow> available = DataPointSelection::available(
             window.meters().usedFiles(), *f.context.dictionary, false, {});
         SelDataPoints dialog(window.dataPoints(), window.topQueryBuffer(), available, 1,
-                             f.context.paths.settingsFile);
+                             f.context.defaultSelection, f.context.paths.settingsFile);
         dialog.grid(1)->selectRow(0);
         dialog.Command1_Click(5);
         dialog.grid(1)->selectRow(0);

@@ -2,6 +2,7 @@
 #include "DefaultSelection.h"
 
 #include "platform/ProfileFile.h"
+#include "store/WallClock.h"
 
 #include <QList>
 #include <QRegularExpression>
@@ -57,7 +58,7 @@ QDateTime DefaultSelection::parseDateTime(const QString& text)
     const QTime time(field(4), field(5), field(6));
     if (!date.isValid() || !time.isValid())
         return {};
-    return QDateTime(date, time);
+    return WallClock::at(date, time);
 }
 
 void DefaultSelection::read(const QString& settingsFile)

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The selection without a window: the tree of devices and logs a window shows, and the newest
+// meter file of the retrieved-logs folder.
+#include "query/SelectionSession.h"
+
+#include "SelectionSimMeters.h"
+#include "store/DeviceTypeTable.h"
+
+#include <QDir>
+#include <QFile>
+#include <QHash>
+#include <QSet>
+#include <algorithm>
+#include <gtest/gtest.h>
+
+using namespace lorvane;
+using lorvane::test::SelectionSimMeters;
+
+TEST(SelectionSession, TreeListsEachParentBeforeItsChildren)
+{
+    SelectionSimMeters sim;
+    SelectionSession session(2, sim.scratchPath());
+    for (int i = 0; i < 2; ++i) {
+        const QString path =
+            sim.meter(i == 0 ? QStringLiteral("standard") : QStringLiteral("talmo"));
+        ASSERT_TRUE(session.addFile().run(path, QFileInfo(path).fileName(), i).added);
+    }
+    const QList<SelectionSession::TreeNode> nodes = session.tree(DeviceTypeTable());
+    ASSERT_FALSE(nodes.isEmpty());
+    EXPECT_EQ(nodes.first().key, QStringLiteral("ROOT"));
+    EXPECT_EQ(nodes.first().text, QStringLiteral("All Devices"));
+    QSet<QString> seen;
+    QHash<QString, QString> parents;
+    for (const SelectionSession::TreeNode& node : nodes) {
+        EXPECT_TRUE(node.parentKey.isEmpty() || seen.contains(node.parentKey))
+            << node.key.toStdString();
+        EXPECT_FALSE(seen.contains(node.key)) << node.key.toStdString();
+        seen.insert(node.key);
+        parents.insert(node.key, node.parentKey);
+    }
+    for (int i = 1; i <= 2; ++i) {
+        const DeviceRecord& device = session.meters().device(i - 1);
+        const QString meter = QStringLiteral("Device_%1").arg(i);
+        EXPECT_EQ(parents.value(meter), QStringLiteral("DevID#_%1").arg(device.deviceTypeId));
+        EXPECT_EQ(parents.value(QStringLiteral("LogsID_3|D_%1|Logs_1").arg(i)),
+                  QStringLiteral("DeItem_3|D_%1").arg(i));
+        const auto found = std::find_if(nodes.cbegin(), nodes.cend(),
+                                        [&](const auto& node) { return node.key == meter; });
+        ASSERT_NE(found, nodes.cend());
+        EXPECT_EQ(found->filePath, device.filePath);
+    }
+}
+
+TEST(SelectionSession, NewestMeterFileOfTheFolderOrTheInvalidPath)
+{
+    SelectionSimMeters sim;
+    const QString missing = sim.dir().filePath(QStringLiteral("missing"));
+    const SelectionSession::NewestFile none = SelectionSession::newestMeterFile(missing);
+    EXPECT_TRUE(none.path.isEmpty());
+    EXPECT_EQ(none.refusal,
+              QStringLiteral("Invalid path\nPlease start Tessera Ext to resolve error: ") +
+                  missing);
+
+    const QString folder = sim.dir().filePath(QStringLiteral("retrieved"));
+    QDir().mkpath(folder);
+    EXPECT_TRUE(SelectionSession::newestMeterFile(folder).path.isEmpty());
+    const QDateTime stamp(QDate(2024, 5, 1), QTime(8, 0));
+    // b is newest; c has b's time but is listed after it, so b stays the choice.
+    for (const auto& [name, age] : {std::pair{"a.DB", 0}, std::pair{"b.DB", 60},
+                                    std::pair{"c.DB", 60}, std::pair{"d.txt", 120}}) {
+        QFile file(folder + QLatin1Char('/') + QLatin1String(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(file.setFileTime(stamp.addSecs(age), QFileDevice::FileModificationTime));
+    }
+    EXPECT_EQ(QFileInfo(SelectionSession::newestMeterFile(folder).path).fileName(),
+              QStringLiteral("b.DB"));
+}
