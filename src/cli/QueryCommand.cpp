@@ -2,14 +2,16 @@
 #include "QueryCommand.h"
 
 #include "CliOutput.h"
+#include "CommandBoundary.h"
 #include "ExitCode.h"
 #include "FaultExitCode.h"
+#include "InstalledTemplate.h"
 #include "LabelCommand.h"
 #include "platform/Fault.h"
+#include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/StorageError.h"
-#include "query/LoadProgress.h"
 #include "query/MeterInventory.h"
 #include "query/QueryContext.h"
 #include "query/ViewRegistry.h"
@@ -254,15 +256,13 @@ int QueryCommand::run(const QStringList& arguments)
         return CliOutput::usage(
             QStringLiteral("unknown view: ") + o.view + QStringLiteral(" (views: ") +
             ViewRegistry::instance().names().join(QStringLiteral(", ")) + QLatin1Char(')'));
-    const QString share =
-        QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../share/lorvane"));
     if (o.templatePath.isEmpty())
-        o.templatePath = QDir(share).filePath(QStringLiteral("Resource/LorvaneTempQuery.DB"));
+        o.templatePath = installedTemplate();
     if (o.dictionaryPath.isEmpty())
         o.dictionaryPath = LabelCommand::installedDictionary();
+    // The meters as the selection window opens them: their device records, every one used.
+    QueryContext context;
     try {
-        // The meters as the selection window opens them: their device records, every one used.
-        QueryContext context;
         for (const QString& path : o.meters) {
             if (!QFileInfo(path).isFile()) {
                 CliOutput::error(QStringLiteral("file not found: ") + path);
@@ -326,11 +326,10 @@ int QueryCommand::run(const QStringList& arguments)
         print(pages, o.format);
         return Success;
     } catch (const Fault& fault) {
-        CliOutput::error(fault.message());
-        return exitCodeFor(fault);
-    } catch (const StorageError& error) {
-        CliOutput::error(QString::fromUtf8(error.what()));
-        return Failure;
+        QStringList paths;
+        for (const LogFileEntry& file : context.files)
+            paths << file.dbPath;
+        rethrowNaming(fault, paths.join(QStringLiteral(", ")));
     }
 }
 

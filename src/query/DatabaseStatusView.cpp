@@ -71,18 +71,20 @@ void row(GridTable& grid, const QStringList& cells)
 
 } // namespace
 
-QList<GridTable> DatabaseStatusView::run(const QList<LogFileEntry>& files)
+QList<GridTable> DatabaseStatusView::run(const QList<LogFileEntry>& files,
+                                         QList<Unreadable>* unreadable)
 {
     QList<GridTable> grids;
     int number = 0;
     for (const LogFileEntry& entry : files) {
         if (entry.used)
-            grids << file(entry, ++number);
+            grids << file(entry, ++number, unreadable);
     }
     return grids;
 }
 
-GridTable DatabaseStatusView::file(const LogFileEntry& entry, int deviceNumber)
+GridTable DatabaseStatusView::file(const LogFileEntry& entry, int deviceNumber,
+                                   QList<Unreadable>* unreadable)
 {
     GridTable grid;
     grid.caption = userText("404101", "Data File Information");
@@ -179,11 +181,13 @@ GridTable DatabaseStatusView::file(const LogFileEntry& entry, int deviceNumber)
         }
         if (!anyStamp)
             row(grid, {na(), na(), na()});
-    } catch (const StorageError&) {
+    } catch (const StorageError& error) {
         grid.rows.clear();
         grid.rowKeys.clear();
         grid.rowPictures.clear();
         row(grid, {userText("404135", "Cannot display information") + QLatin1Char('.')});
+        if (unreadable)
+            unreadable->append({entry.dbPath, error.detail()});
     }
     return grid;
 }

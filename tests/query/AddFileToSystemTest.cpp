@@ -160,15 +160,40 @@ TEST(AddFileToSystem, RefusalsKeepTheEarlierEntryAndSayWhy)
               (QStringList{QStringLiteral("No Meter"), standard.hardwareName}));
 }
 
-TEST(AddFileToSystem, ReadOnlyFileIsSaidAndStillOpened)
+TEST(AddFileToSystem, ReadOnlyFileIsOpenedAtTheNewestLayoutAndRefusedBelowIt)
 {
     Window w;
-    const QString path = w.sim.meter(QStringLiteral("talmo"));
-    ASSERT_TRUE(QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::ReadGroup));
-    const auto outcome = w.open(path);
-    EXPECT_TRUE(outcome.added);
-    ASSERT_FALSE(outcome.messages.isEmpty());
-    EXPECT_EQ(outcome.messages.first(), QStringLiteral("talmo.DB file attribute is read-only."));
+    const QString current = w.sim.meter(QStringLiteral("talmo"));
+    // An old read-only file bypassed the ladder and failed later with raw SQL text ("no
+    // such column: firmwareinfo3"): it cannot be upgraded, so it cannot be read.
+    const QString old75 = w.plainMeter(7.5, QStringLiteral("old75.DB"));
+    const QString old82 = w.plainMeter(8.2, QStringLiteral("old82.DB"));
+    for (const QString& path : {current, old75, old82})
+        ASSERT_TRUE(QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::ReadGroup));
+
+    const auto opened = w.open(current);
+    EXPECT_TRUE(opened.added);
+    EXPECT_EQ(opened.messages,
+              QStringList{QStringLiteral("talmo.DB file attribute is read-only.")});
+
+    const struct
+    {
+        QString path;
+        const char* version;
+    } refused[] = {{old75, "7.5"}, {old82, "8.2"}};
+    for (const auto& file : refused) {
+        const QString name = QFileInfo(file.path).fileName();
+        const auto outcome = w.open(file.path, 1);
+        EXPECT_FALSE(outcome.added) << file.version;
+        EXPECT_EQ(outcome.messages,
+                  (QStringList{name + QStringLiteral(" file attribute is read-only."),
+                               name + QStringLiteral(" is at version ") + file.version +
+                                   QStringLiteral(" and must be upgraded before it can be read; "
+                                                  "clear its read-only attribute to let the "
+                                                  "program upgrade it.")}));
+        EXPECT_DOUBLE_EQ(versionOf(file.path), QString(file.version).toDouble());
+        EXPECT_TRUE(w.table.device(1).filePath.isEmpty());
+    }
 }
 
 TEST(MeterTable, TwoMetersCombosAndTheSelectedDeviceType)

@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -40,8 +41,16 @@ TEST(WaitWindow, MessagesAnimationAndOneCancel)
     wait.SetMessage(3, "ignored");
     EXPECT_EQ(wait.message(1), "Day 03/04/2024");
     EXPECT_EQ(wait.message(2), "Hour 12");
-    wait.setProgress(40, 100);
+    // The bar stood still whatever the load knew: a known share moves it, an unknown length
+    // makes it the busy bar.
+    EXPECT_EQ(wait.bar()->maximum(), 0);
+    wait.advance(40, 100);
+    EXPECT_EQ(wait.bar()->value() * 100 / wait.bar()->maximum(), 40);
     EXPECT_TRUE(lorvane::test::saveScreenshot(&wait, "wait-window"));
+    wait.setFraction(std::nullopt);
+    EXPECT_EQ(wait.bar()->maximum(), 0);
+    wait.advance(3, 2);
+    EXPECT_EQ(wait.bar()->value(), wait.bar()->maximum()) << "a share above the whole is full";
 
     // The picture turns through 18 frames and starts again.
     const int first = wait.animationFrame();
