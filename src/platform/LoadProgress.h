@@ -46,6 +46,8 @@ protected:
     virtual void showFraction(std::optional<double> fraction) { (void)fraction; }
     /// Serves the watcher's events at a step; nothing by default.
     virtual void serve() {}
+    /// A watcher that serves one operation after another lowers the flag for the next.
+    void clearCancel() { m_cancel.store(false, std::memory_order_release); }
 
 private:
     std::atomic<bool> m_cancel{false};

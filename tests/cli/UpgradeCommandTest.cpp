@@ -189,7 +189,8 @@ TEST(UpgradeCommand, EveryOlderSimulatedVersionReadsLikeTheCurrentOneAfterTheLad
                 << layout.name().toStdString();
         }
         for (const QString& table : upgraded.tables()) {
-            EXPECT_EQ(sorted(upgraded.columns(table)), ladderColumns(table, reference.columns(table)))
+            EXPECT_EQ(sorted(upgraded.columns(table)),
+                      ladderColumns(table, reference.columns(table)))
                 << table.toStdString();
         }
         for (const QString& table : old.tables()) {

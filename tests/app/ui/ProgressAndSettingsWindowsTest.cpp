@@ -78,7 +78,8 @@ TEST(ProgressWindow, TimeStampedMessagesUntilCancelled)
     progress.setProgressMax(4);
     progress.setProgress(2);
     progress.AddMessage("Header read");
-    progress.AddMessage("Channels converted");
+    // As a watcher of the progress contract a step's text is a message line.
+    progress.status("Channels converted");
     const QRegularExpression stamped(R"(^\(\d\d:\d\d:\d\d\d\) )");
     QStringList lines = progress.messages();
     ASSERT_EQ(lines.size(), 3);
@@ -90,6 +91,7 @@ TEST(ProgressWindow, TimeStampedMessagesUntilCancelled)
 
     progress.cancelButton()->click();
     EXPECT_TRUE(progress.Cancelled());
+    EXPECT_TRUE(progress.cancelRequested());
     EXPECT_FALSE(progress.cancelButton()->isEnabled());
     progress.AddMessage("Written after the cancel");
     progress.cancelButton()->click();
@@ -100,6 +102,7 @@ TEST(ProgressWindow, TimeStampedMessagesUntilCancelled)
     // A new operation starts afresh.
     progress.Start("Capture 18 of Meter 1");
     EXPECT_FALSE(progress.Cancelled());
+    EXPECT_FALSE(progress.cancelRequested());
     EXPECT_EQ(progress.messages().size(), 1);
 }
 
