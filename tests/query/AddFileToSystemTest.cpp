@@ -6,11 +6,13 @@
 #include "SelectionSimMeters.h"
 #include "app/DefaultSelection.h"
 #include "platform/Fault.h"
+#include "platform/LoadProgress.h"
 #include "platform/SqliteDatabase.h"
 #include "query/DataPointSelection.h"
 #include "query/MeterTable.h"
 #include "query/TopQueryBuffer.h"
 #include "store/MeterDatabase.h"
+#include "store/MeterMessages.h"
 #include "support/MeterFileBuilder.h"
 
 #include <QFile>
@@ -193,6 +195,47 @@ TEST(AddFileToSystem, ReadOnlyFileIsOpenedAtTheNewestLayoutAndRefusedBelowIt)
                                                   "program upgrade it.")}));
         EXPECT_DOUBLE_EQ(versionOf(file.path), QString(file.version).toDouble());
         EXPECT_TRUE(w.table.device(1).filePath.isEmpty());
+    }
+}
+
+TEST(AddFileToSystem, TheLadderShowsItsProgressAndItsCancelRefusesTheFile)
+{
+    // The ladder ran with no progress: a large 8.2 file froze the window without a word.
+    class Watcher : public LoadProgress
+    {
+    public:
+        void status(const QString& text) override { texts << text; }
+        QStringList texts;
+        QList<double> shares;
+        bool cancelAtHourTables = false;
+
+    protected:
+        void showFraction(std::optional<double> fraction) override
+        {
+            shares << fraction.value_or(-1);
+        }
+        void serve() override
+        {
+            if (cancelAtHourTables && !texts.isEmpty())
+                requestCancel();
+        }
+    };
+    Window w;
+    for (const bool cancel : {false, true}) {
+        const QString path = w.plainMeter(8.2, QStringLiteral("v82_%1.DB").arg(cancel));
+        Watcher watcher;
+        watcher.cancelAtHourTables = cancel;
+        const auto outcome = w.add.run(path, QFileInfo(path).fileName(), 0, &watcher);
+        EXPECT_EQ(watcher.texts, QStringList{MeterMessages::updatingTo83()});
+        ASSERT_FALSE(watcher.shares.isEmpty());
+        EXPECT_DOUBLE_EQ(watcher.shares.first(), 0);
+        EXPECT_EQ(outcome.added, !cancel) << outcome.messages.join('|').toStdString();
+        EXPECT_DOUBLE_EQ(versionOf(path), cancel ? 8.2 : 8.6);
+        if (cancel) {
+            EXPECT_EQ(outcome.messages.last(),
+                      QStringLiteral("The upgrade of v82_1.DB was cancelled; the file keeps its "
+                                     "version."));
+        }
     }
 }
 

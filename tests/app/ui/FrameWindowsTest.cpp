@@ -27,6 +27,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -547,6 +548,26 @@ TEST(FrameWindows, ATranslationThatNamesItsFontShowsEveryWindowInIt)
     lorvane::installStringCatalog(nullptr);
     EXPECT_EQ(frameFont, "DejaVu Serif");
     EXPECT_EQ(selectionFont, "DejaVu Serif");
+}
+
+TEST(FrameWindows, AMissingScratchTemplateIsNamedAtTheFirstOpenedMeter)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    const QString templatePath = run.installation().dataFolder() + "/Resource/LorvaneTempQuery.DB";
+    ASSERT_TRUE(QFile::remove(templatePath));
+    TalLorvane* frame = run.start(QString());
+    ASSERT_NE(frame, nullptr);
+    run.messages().clear();
+    // A good meter was reported as missing under an empty path.
+    EXPECT_FALSE(frame->selectionWindow()->openMeterFile(run.meterPath(), 0));
+    ASSERT_EQ(run.messages().texts().size(), 1);
+    const QString message = run.messages().texts().first();
+    EXPECT_TRUE(message.startsWith("The scratch template LorvaneTempQuery.DB is missing.\n"
+                                   "Template: "))
+        << message.toStdString();
+    EXPECT_TRUE(message.contains(QDir::toNativeSeparators(templatePath))) << message.toStdString();
+    EXPECT_FALSE(message.contains(run.meterPath())) << "the meter is not at fault";
 }
 
 TEST(FrameWindows, AboutShowsTheRunsFiles)
