@@ -320,6 +320,10 @@ void AllLogsFrm::Command2_Click(int index)
         userMessages().show(fault.message(), UserMessages::Icon::Critical);
         emit programEndRequested();
         return;
+    } catch (const std::exception& error) {
+        // A meter file that fails while the button checks it: the selection stays as it was.
+        userMessages().show(QString::fromLocal8Bit(error.what()), UserMessages::Icon::Warning);
+        return;
     }
     showMessages(request.messages, UserMessages::Icon::Warning);
     // A split-log press may have opened another log file of the meter.
