@@ -5,8 +5,8 @@
 #include "CommandBoundary.h"
 #include "ExitCode.h"
 #include "FaultExitCode.h"
-#include "InstalledTemplate.h"
 #include "LabelCommand.h"
+#include "ScratchTemplate.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
@@ -316,8 +316,7 @@ int QueryCommand::run(const QStringList& arguments)
                              scratchFolder.errorString());
             return Failure;
         }
-        auto scratch = TempQueryDatabase::create(o.templatePath, scratchFolder.path(),
-                                                 QCoreApplication::applicationPid());
+        auto scratch = createScratch(o.templatePath, scratchFolder.path());
         context.scratch = scratch.get();
         SilentProgress progress;
         context.progress = &progress;

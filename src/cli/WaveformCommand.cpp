@@ -5,7 +5,7 @@
 #include "CommandBoundary.h"
 #include "ExitCode.h"
 #include "FaultExitCode.h"
-#include "InstalledTemplate.h"
+#include "ScratchTemplate.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/StorageError.h"
@@ -386,8 +386,7 @@ int WaveformCommand::run(const QStringList& arguments)
                              scratchFolder.errorString());
             return Failure;
         }
-        auto scratch = TempQueryDatabase::create(o.templatePath, scratchFolder.path(),
-                                                 QCoreApplication::applicationPid());
+        auto scratch = createScratch(o.templatePath, scratchFolder.path());
         // Every capture of the file, whatever its day, in one slice.
         QueryContext context;
         context.scratch = scratch.get();

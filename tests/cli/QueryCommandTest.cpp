@@ -209,6 +209,19 @@ TEST(QueryCommand, BadInputIsRefusedWithItsMessageAndCode)
         << gone.err.toStdString();
     EXPECT_TRUE(gone.out.isEmpty());
 
+    // The scratch template is named as the viewer names it, not reported as a missing meter.
+    const QString noTemplate = dir.filePath(QStringLiteral("LorvaneTempQuery.DB"));
+    const ProcessResult withoutTemplate =
+        query(QStringList{QStringLiteral("limits"), QStringLiteral("--meter"), meterPath(),
+                          QStringLiteral("--template"), noTemplate} +
+              range);
+    EXPECT_EQ(withoutTemplate.exitCode, 2);
+    EXPECT_TRUE(withoutTemplate.err.startsWith(
+        QStringLiteral("lorvane-cli query: The scratch template LorvaneTempQuery.DB is missing.\n"
+                       "Template: ") +
+        noTemplate))
+        << withoutTemplate.err.toStdString();
+
     const ProcessResult badTime = query(
         {QStringLiteral("events"), QStringLiteral("--meter"), meterPath(), QStringLiteral("--from"),
          QStringLiteral("2024-13-40"), QStringLiteral("--to"), QStringLiteral("2024-03-05")});
