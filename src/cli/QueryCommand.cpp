@@ -19,8 +19,6 @@
 #include "store/SchemaCatalog.h"
 #include "store/TempQueryDatabase.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -20,8 +20,6 @@
 #include "waveform/WaveformCapture.h"
 #include "waveform/WaveformStatistics.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
