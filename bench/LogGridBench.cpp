@@ -6,7 +6,7 @@
 // the progress watcher's `cancelRequested`.
 #include "BenchClock.h"
 #include "gridview/ui/GridTableModel.h"
-#include "query/LoadProgress.h"
+#include "platform/LoadProgress.h"
 #include "query/QueryContext.h"
 #include "query/SnapshotView.h"
 #include "store/TempQueryDatabase.h"

@@ -3,7 +3,7 @@
 // Snapshots view does (scratch copy hour by hour under the row budget, wide grid, paging),
 // against the raw SQLite join over the same day and hour tables of the same files.
 #include "BenchClock.h"
-#include "query/LoadProgress.h"
+#include "platform/LoadProgress.h"
 #include "query/MeterInventory.h"
 #include "query/QueryContext.h"
 #include "query/SnapshotView.h"

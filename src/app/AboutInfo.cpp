@@ -4,6 +4,7 @@
 #include "RunContext.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/UserText.h"
+#include "store/IdTable.h"
 #include "store/TempQueryDatabase.h"
 
 #include <QFileInfo>
@@ -68,18 +69,18 @@ AboutInfo AboutInfo::gather(RunContext& context)
         info.freeSpace = storage.bytesAvailable();
     if (context.dictionary) {
         try {
-            const QVariant version =
-                context.dictionary->scalar(QStringLiteral("SELECT Version FROM ID_Table LIMIT 1"));
-            if (version.isValid() && !version.isNull())
-                info.dictionaryVersion = version.toDouble();
+            info.dictionaryVersion = IdTable::version(*context.dictionary);
         } catch (const std::exception&) {
             // An older dictionary without its ID table shows as unknown.
         }
         info.dictionaryChanged = QFileInfo(context.dictionary->path()).lastModified();
     }
-    // The conversion component of the older platform has no counterpart here.
+    const OutsideComponentStatus outside =
+        context.outsideComponent ? context.outsideComponent() : OutsideComponentStatus();
     info.externalToolText =
-        userText("309035", "DLL file is ") + userText("309036", "not installed");
+        userText("309035", "DLL file is ") +
+        (outside.installed ? userText("309037", "installed") : userText("309036", "not installed"));
+    info.externalToolVersion = outside.version;
     return info;
 }
 

@@ -10,9 +10,9 @@ namespace lorvane {
 
 namespace {
 
-/// Cuts the field that starts with `tag` out of `text` (up to the next blank) and gives its
-/// value; a null string when the tag is not there.
-QString cutField(QString& text, const QString& tag)
+/// Cuts the field that starts with `tag` out of `text` (up to the next blank), keeps it in
+/// `fields` as written and gives its value; a null string when the tag is not there.
+QString cutField(QString& text, const QString& tag, QStringList& fields)
 {
     const qsizetype start = text.indexOf(tag, 0, Qt::CaseInsensitive);
     if (start < 0)
@@ -21,21 +21,22 @@ QString cutField(QString& text, const QString& tag)
     if (end < 0)
         end = text.size();
     QString value = text.mid(start + tag.size(), end - start - tag.size());
+    fields << text.mid(start, end - start);
     text.remove(start, end - start);
     if (value.isNull())
         value = QStringLiteral("");
     return value;
 }
 
-int numberField(QString& text, const QString& tag, int fallback, bool& error)
+int numberField(QString& text, const QString& tag, int fallback, CommandLine& command)
 {
-    const QString value = cutField(text, tag);
+    const QString value = cutField(text, tag, command.fields);
     if (value.isNull())
         return fallback;
     bool ok = false;
     const int number = value.toInt(&ok);
     if (!ok) {
-        error = true;
+        command.parseError = true;
         return fallback;
     }
     return number;
@@ -73,24 +74,32 @@ CommandLine CommandLine::parse(const QString& text, const QDate& today)
     command.lastRecordTime = WallClock::at(today.addDays(-1), QTime(0, 0));
 
     QString rest = text;
-    command.logId = numberField(rest, QStringLiteral("LOGID:"), 0, command.parseError);
+    command.logId = numberField(rest, QStringLiteral("LOGID:"), 0, command);
     for (auto [tag, target] : {std::pair{QStringLiteral("FRT:"), &command.firstRecordTime},
                                std::pair{QStringLiteral("LRT:"), &command.lastRecordTime}}) {
-        const QDateTime time = recordTime(cutField(rest, tag));
+        const QDateTime time = recordTime(cutField(rest, tag, command.fields));
         if (time.isValid()) {
             *target = time;
             command.timeGiven = true;
         }
     }
-    command.firstRecordMs = numberField(rest, QStringLiteral("FRM:"), 0, command.parseError);
-    command.lastRecordMs = numberField(rest, QStringLiteral("LRM:"), 0, command.parseError);
-    command.ss = numberField(rest, QStringLiteral("SS:"), 0, command.parseError);
-    command.vm = numberField(rest, QStringLiteral("VM:"), 0, command.parseError);
-    const QString channels = cutField(rest, QStringLiteral("CHA:"));
+    command.firstRecordMs = numberField(rest, QStringLiteral("FRM:"), 0, command);
+    command.lastRecordMs = numberField(rest, QStringLiteral("LRM:"), 0, command);
+    command.ss = numberField(rest, QStringLiteral("SS:"), 0, command);
+    command.vm = numberField(rest, QStringLiteral("VM:"), 0, command);
+    const QString channels = cutField(rest, QStringLiteral("CHA:"), command.fields);
     if (!channels.isEmpty())
         command.channels = channels.split(u',');
     command.path = rest.replace(u'"', u' ').trimmed();
     return command;
+}
+
+QString CommandLine::text() const
+{
+    QStringList parts = fields;
+    if (!path.isEmpty())
+        parts << u'"' + path + u'"';
+    return parts.join(u' ');
 }
 
 int CommandLine::viewButton(int logId)

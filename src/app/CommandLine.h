@@ -33,6 +33,8 @@ struct CommandLine
     QString path;
     /// A numeric field did not hold a number.
     bool parseError = false;
+    /// The fields as written ("LOGID:2", "FRT:030424000000" ...), in the order they were read.
+    QStringList fields;
 
     /// Parses `text`; `today` gives the default record times.
     static CommandLine parse(const QString& text, const QDate& today);
@@ -41,6 +43,8 @@ struct CommandLine
     /// The button of the selection window's view row that `logId` presses; -1 for none.
     static int viewButton(int logId);
 
+    /// The command as one text again: the fields as written and the path in double quotes.
+    QString text() const;
     /// The numeric channel entries in order, at most `mostChannels`.
     QList<qint32> channelIds() const;
 };

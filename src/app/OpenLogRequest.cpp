@@ -5,7 +5,8 @@ namespace lorvane {
 
 namespace {
 const QString openLogVerb = QStringLiteral("OPENLOG");
-}
+const QString commandLineVerb = QStringLiteral("COMMANDLINE");
+} // namespace
 
 OpenLogRequest OpenLogRequest::parse(const QString& command)
 {
@@ -13,15 +14,22 @@ OpenLogRequest OpenLogRequest::parse(const QString& command)
     const qsizetype blank = command.indexOf(u' ');
     request.verb = (blank < 0 ? command : command.left(blank)).toUpper();
     // The rest starts at the blank itself; the path is the rest without that first character.
-    const QString rest = blank < 0 ? QString() : command.mid(blank);
+    const QString rest = blank < 0 ? QString() : command.mid(blank).mid(1);
     if (request.verb == openLogVerb)
-        request.path = rest.mid(1);
+        request.path = rest;
+    else if (request.verb == commandLineVerb)
+        request.commandLine = rest;
     return request;
 }
 
 QString OpenLogRequest::command(const QString& path)
 {
     return openLogVerb + u' ' + path;
+}
+
+QString OpenLogRequest::commandLineRequest(const QString& commandLine)
+{
+    return commandLineVerb + u' ' + commandLine;
 }
 
 } // namespace lorvane

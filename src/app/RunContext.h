@@ -2,8 +2,10 @@
 #pragma once
 
 #include "LocalSystemSettings.h"
+#include "OutsideComponent.h"
 #include "StartupPaths.h"
 #include "query/DefaultSelection.h"
+#include "platform/WorkGuard.h"
 #include "store/DeviceDataLookUp.h"
 #include "store/DeviceScaledFormats.h"
 #include "store/DeviceTypeTable.h"
@@ -61,6 +63,8 @@ struct RunContext
     StartupPaths paths;
     bool templateFound = false;
     std::unique_ptr<TempQueryDatabase> scratch;
+    /// Why there is no scratch database (its template and path named), told at first use.
+    QString scratchProblem;
     /// The vocabulary of system events, in the catalogue's language once start-up filled it.
     SystemEventTexts eventTexts;
     QString helpFile;
@@ -75,6 +79,10 @@ struct RunContext
     DeviceDataLookUp deviceDataLookUp;
     DeviceScaledFormats deviceScaledFormats;
     bool technicianMode = false;
+    /// The outside report and conversion component, as the export subsystem asks it.
+    OutsideComponentProbe outsideComponent;
+    /// Long work of any window: one piece at a time, and the frame's close waits for its end.
+    WorkGuard work;
 
     /// The end of a run: closes the dictionary and the scratch database and deletes this
     /// process's scratch file. Safe to call more than once.

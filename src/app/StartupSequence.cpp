@@ -6,6 +6,7 @@
 #include "StartupHost.h"
 #include "platform/ProfileFile.h"
 #include "platform/SqliteDatabase.h"
+#include "platform/StorageError.h"
 #include "platform/StoredPath.h"
 #include "platform/StringCatalog.h"
 #include "platform/UserText.h"
@@ -110,8 +111,14 @@ void StartupSequence::prepareScratchDatabase()
     try {
         m_context.scratch = TempQueryDatabase::create(templatePath, m_context.paths.scratchFolder,
                                                       m_context.processId);
-    } catch (const std::exception&) {
+    } catch (const StorageError& error) {
         m_context.scratch.reset();
+        m_context.scratchProblem = TempQueryDatabase::unavailable(templatePath, error);
+    } catch (const std::exception& error) {
+        m_context.scratch.reset();
+        m_context.scratchProblem = TempQueryDatabase::unavailable(
+            templatePath, StorageError(StorageError::Kind::Engine, templatePath,
+                                       QString::fromLocal8Bit(error.what())));
     }
 }
 

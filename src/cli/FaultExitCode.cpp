@@ -3,6 +3,7 @@
 
 #include "ExitCode.h"
 #include "platform/Fault.h"
+#include "platform/StorageError.h"
 
 namespace lorvane::cli {
 
@@ -19,6 +20,20 @@ int exitCodeFor(const Fault& fault)
         return VersionFault;
     case Fault::Kind::ReadOnly:
     case Fault::Kind::Other:
+        break;
+    }
+    return Failure;
+}
+
+int exitCodeFor(const StorageError& error)
+{
+    switch (error.kind()) {
+    case StorageError::Kind::FileMissing:
+        return FileMissing;
+    case StorageError::Kind::NotADatabase:
+        return NotADatabase;
+    case StorageError::Kind::ReadOnly:
+    case StorageError::Kind::Engine:
         break;
     }
     return Failure;

@@ -3,7 +3,6 @@
 
 #include "CliOutput.h"
 #include "ExitCode.h"
-#include "FaultExitCode.h"
 #include "FileArguments.h"
 #include "platform/Fault.h"
 #include "query/LogTree.h"
@@ -135,19 +134,14 @@ int InfoCommand::run(const QStringList& arguments)
     const bool json = parsed->json;
     const QString& file = parsed->file;
 
-    try {
-        const QJsonObject info = report(file);
-        if (json)
-            CliOutput::printJson(info);
-        else
-            CliOutput::printInfo(info);
-        if (info.value(QStringLiteral("readOnly")).toBool())
-            CliOutput::warn(MeterMessages::readOnlyAttribute(QFileInfo(file).fileName()));
-        return Success;
-    } catch (const Fault& fault) {
-        CliOutput::error(fault.message());
-        return exitCodeFor(fault);
-    }
+    const QJsonObject info = report(file);
+    if (json)
+        CliOutput::printJson(info);
+    else
+        CliOutput::printInfo(info);
+    if (info.value(QStringLiteral("readOnly")).toBool())
+        CliOutput::warn(MeterMessages::readOnlyAttribute(QFileInfo(file).fileName()));
+    return Success;
 }
 
 } // namespace lorvane::cli

@@ -3,6 +3,7 @@
 
 #include "CliOutput.h"
 #include "ExitCode.h"
+#include "FaultExitCode.h"
 #include "app/StartupPaths.h"
 #include "platform/RegistryAccess.h"
 #include "platform/SqliteDatabase.h"
@@ -20,20 +21,6 @@
 namespace lorvane::cli {
 
 namespace {
-
-int exitCodeOf(const StorageError& error)
-{
-    switch (error.kind()) {
-    case StorageError::Kind::FileMissing:
-        return FileMissing;
-    case StorageError::Kind::NotADatabase:
-        return NotADatabase;
-    case StorageError::Kind::ReadOnly:
-    case StorageError::Kind::Engine:
-        break;
-    }
-    return Failure;
-}
 
 std::optional<qint32> parseId(const QString& text)
 {
@@ -110,7 +97,7 @@ int LabelCommand::run(const QStringList& arguments)
     } catch (const StorageError& error) {
         CliOutput::error(QStringLiteral("The dictionary cannot be read: ") + error.detail() +
                          QStringLiteral("\nDictionary: ") + dictionaryPath);
-        return exitCodeOf(error);
+        return exitCodeFor(error);
     }
 }
 

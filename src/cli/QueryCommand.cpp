@@ -2,14 +2,16 @@
 #include "QueryCommand.h"
 
 #include "CliOutput.h"
+#include "CommandBoundary.h"
 #include "ExitCode.h"
 #include "FaultExitCode.h"
 #include "LabelCommand.h"
+#include "ScratchTemplate.h"
 #include "platform/Fault.h"
+#include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/StorageError.h"
-#include "query/LoadProgress.h"
 #include "query/MeterInventory.h"
 #include "query/QueryContext.h"
 #include "query/SplitLogMeter.h"
@@ -20,8 +22,6 @@
 #include "store/TempQueryDatabase.h"
 #include "store/WallClock.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -263,15 +263,14 @@ int QueryCommand::run(const QStringList& arguments)
         return CliOutput::usage(
             QStringLiteral("unknown view: ") + o.view + QStringLiteral(" (views: ") +
             ViewRegistry::instance().names().join(QStringLiteral(", ")) + QLatin1Char(')'));
-    const QString share =
-        QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../share/lorvane"));
     if (o.templatePath.isEmpty())
-        o.templatePath = QDir(share).filePath(QStringLiteral("Resource/LorvaneTempQuery.DB"));
+        o.templatePath = installedTemplate();
     if (o.dictionaryPath.isEmpty())
         o.dictionaryPath = LabelCommand::installedDictionary();
+    // The meters as the selection window opens them: their device records, every one used.
+    QueryContext context;
     try {
         // The meters as the selection window opens them: their device records, every one used.
-        QueryContext context;
         for (const QString& given : o.meters) {
             // A split-log meter is opened through its Device Master Log, as in the window.
             const QString path = SplitLogMeter::isDeviceMasterLog(given)
@@ -333,8 +332,7 @@ int QueryCommand::run(const QStringList& arguments)
                              scratchFolder.errorString());
             return Failure;
         }
-        auto scratch = TempQueryDatabase::create(o.templatePath, scratchFolder.path(),
-                                                 QCoreApplication::applicationPid());
+        auto scratch = createScratch(o.templatePath, scratchFolder.path());
         context.scratch = scratch.get();
         SilentProgress progress;
         context.progress = &progress;
@@ -343,15 +341,10 @@ int QueryCommand::run(const QStringList& arguments)
         print(pages, o.format);
         return Success;
     } catch (const Fault& fault) {
-        CliOutput::error(fault.message());
-        return exitCodeFor(fault);
-    } catch (const StorageError& error) {
-        CliOutput::error(QString::fromUtf8(error.what()));
-        return Failure;
-    } catch (const std::exception& error) {
-        // A damaged stamp in a meter file, or any other fault of its content.
-        CliOutput::error(QString::fromUtf8(error.what()));
-        return Failure;
+        QStringList paths;
+        for (const LogFileEntry& file : context.files)
+            paths << file.dbPath;
+        rethrowNaming(fault, paths.join(QStringLiteral(", ")));
     }
 }
 

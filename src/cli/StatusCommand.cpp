@@ -31,16 +31,21 @@ int StatusCommand::run(const QStringList& arguments)
     }
     if (files.isEmpty())
         return CliOutput::usage(QStringLiteral("status needs at least one FILE"));
-    int code = Success;
-    for (const LogFileEntry& entry : files) {
-        if (!QFileInfo::exists(entry.dbPath)) {
-            CliOutput::error(QStringLiteral("file not found: ") + entry.dbPath);
-            code = FileMissing;
-        }
-    }
     QTextStream out(stdout);
-    const QList<GridTable> grids = DatabaseStatusView::run(files);
+    QList<DatabaseStatusView::Unreadable> unreadable;
+    const QList<GridTable> grids = DatabaseStatusView::run(files, &unreadable);
     GridPrinter::print(out, grids, format);
+    out.flush();
+    // Every file still gets its grid; the exit code tells of the first that could not be read.
+    int code = Success;
+    for (const DatabaseStatusView::Unreadable& file : unreadable) {
+        const bool missing = !QFileInfo::exists(file.path);
+        CliOutput::error((missing ? QStringLiteral("file not found: ")
+                                  : QStringLiteral("not a meter database or damaged: ")) +
+                         file.path + (missing ? QString() : QStringLiteral(": ") + file.detail));
+        if (code == Success)
+            code = missing ? FileMissing : NotADatabase;
+    }
     return code;
 }
 

@@ -2,11 +2,13 @@
 #include "WaveformCommand.h"
 
 #include "CliOutput.h"
+#include "CommandBoundary.h"
 #include "ExitCode.h"
 #include "FaultExitCode.h"
+#include "ScratchTemplate.h"
 #include "platform/Fault.h"
+#include "platform/LoadProgress.h"
 #include "platform/StorageError.h"
-#include "query/LoadProgress.h"
 #include "query/MeterInventory.h"
 #include "query/QueryContext.h"
 #include "query/SplitLogMeter.h"
@@ -18,8 +20,6 @@
 #include "waveform/WaveformCapture.h"
 #include "waveform/WaveformStatistics.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -358,9 +358,7 @@ int WaveformCommand::run(const QStringList& arguments)
     if (const int code = parse(arguments, o); code != Success)
         return code;
     if (o.templatePath.isEmpty())
-        o.templatePath =
-            QDir(QCoreApplication::applicationDirPath())
-                .filePath(QStringLiteral("../share/lorvane/Resource/LorvaneTempQuery.DB"));
+        o.templatePath = installedTemplate();
     if (!QFileInfo(o.meter).isFile()) {
         CliOutput::error(QStringLiteral("file not found: ") + o.meter);
         return FileMissing;
@@ -386,8 +384,7 @@ int WaveformCommand::run(const QStringList& arguments)
                              scratchFolder.errorString());
             return Failure;
         }
-        auto scratch = TempQueryDatabase::create(o.templatePath, scratchFolder.path(),
-                                                 QCoreApplication::applicationPid());
+        auto scratch = createScratch(o.templatePath, scratchFolder.path());
         // Every capture of the file, whatever its day, in one slice.
         QueryContext context;
         context.scratch = scratch.get();
@@ -420,11 +417,7 @@ int WaveformCommand::run(const QStringList& arguments)
         scratch->closeAndDelete();
         return code;
     } catch (const Fault& fault) {
-        CliOutput::error(fault.message());
-        return lorvane::cli::exitCodeFor(fault);
-    } catch (const StorageError& error) {
-        CliOutput::error(QString::fromUtf8(error.what()));
-        return Failure;
+        rethrowNaming(fault, o.meter);
     }
 }
 

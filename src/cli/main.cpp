@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // lorvane-cli: the core without a screen, for scripts and batch work.
 #include "CliOutput.h"
+#include "CommandBoundary.h"
 #include "ExitCode.h"
 #include "InfoCommand.h"
 #include "LabelCommand.h"
@@ -11,6 +12,7 @@
 #include "WaveformCommand.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QTextStream>
 
 int main(int argc, char* argv[])
@@ -24,19 +26,18 @@ int main(int argc, char* argv[])
         QTextStream(stdout) << lorvane::cli::CliOutput::usageText();
         return lorvane::cli::Success;
     }
-    if (command == QLatin1String("info"))
-        return lorvane::cli::InfoCommand::run(arguments);
-    if (command == QLatin1String("upgrade"))
-        return lorvane::cli::UpgradeCommand::run(arguments);
-    if (command == QLatin1String("query"))
-        return lorvane::cli::QueryCommand::run(arguments);
-    if (command == QLatin1String("status"))
-        return lorvane::cli::StatusCommand::run(arguments);
-    if (command == QLatin1String("setup"))
-        return lorvane::cli::SetupCommand::run(arguments);
-    if (command == QLatin1String("label"))
-        return lorvane::cli::LabelCommand::run(arguments);
-    if (command == QLatin1String("waveform"))
-        return lorvane::cli::WaveformCommand::run(arguments);
-    return lorvane::cli::CliOutput::usage(QStringLiteral("unknown command: ") + command);
+    using Runner = int (*)(const QStringList&);
+    static const QHash<QString, Runner> commands{
+        {QStringLiteral("info"), &lorvane::cli::InfoCommand::run},
+        {QStringLiteral("upgrade"), &lorvane::cli::UpgradeCommand::run},
+        {QStringLiteral("query"), &lorvane::cli::QueryCommand::run},
+        {QStringLiteral("status"), &lorvane::cli::StatusCommand::run},
+        {QStringLiteral("setup"), &lorvane::cli::SetupCommand::run},
+        {QStringLiteral("label"), &lorvane::cli::LabelCommand::run},
+        {QStringLiteral("waveform"), &lorvane::cli::WaveformCommand::run},
+    };
+    const Runner runner = commands.value(command);
+    if (!runner)
+        return lorvane::cli::CliOutput::usage(QStringLiteral("unknown command: ") + command);
+    return lorvane::cli::runAtBoundary(command, [&] { return runner(arguments); });
 }

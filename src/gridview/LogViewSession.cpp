@@ -2,12 +2,12 @@
 #include "LogViewSession.h"
 
 #include "platform/Fault.h"
+#include "platform/LoadProgress.h"
 #include "platform/UserText.h"
 #include "query/DatabaseStatusView.h"
 #include "query/FlickerView.h"
 #include "query/InputView.h"
 #include "query/LimitView.h"
-#include "query/LoadProgress.h"
 #include "query/LogFileList.h"
 #include "query/PqGrid.h"
 #include "query/PqView.h"

@@ -76,6 +76,9 @@ public:
     /// `base` gives the scratch database, the dictionary and the settings; its selection
     /// fields are replaced by each request.
     explicit LogViewSession(const QueryContext& base);
+    /// The settings and databases the next load starts from (read when the load starts, so a
+    /// change of the settings applies at once).
+    void setBase(const QueryContext& base) { m_base = base; }
     ~LogViewSession();
     LogViewSession(const LogViewSession&) = delete;
     LogViewSession& operator=(const LogViewSession&) = delete;

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // lorvane: the desktop viewer. Exit codes: 0 after the main frame was closed, or after a
-// database was handed to a copy already running; 1 when the dictionary could not be read at
-// start (four beeps, no window), 2 when no display is there.
-#include "app/CommandLine.h"
-#include "app/OpenLogRequest.h"
+// command line was handed to a copy already running; 1 when the dictionary could not be read
+// at start (four beeps, no window), 2 when no display is there, 3 when the running copy refused
+// the command line (busy with another), 4 when it did not answer.
 #include "app/RunContext.h"
 #include "app/StartupSequence.h"
 #include "app/ui/LorvaneStartupHost.h"
@@ -11,6 +10,7 @@
 #include "platform/SystemFolder.h"
 #include "platform/ui/DialogMessages.h"
 #include "platform/ui/SingleInstanceChannel.h"
+#include "app/StartCommand.h"
 
 #include <QApplication>
 #include <QDir>
@@ -22,6 +22,8 @@ namespace {
 constexpr int exitHandedOver = 0;
 constexpr int exitDictionaryFailure = 1;
 constexpr int exitNoDisplay = 2;
+constexpr int exitRefused = 3;
+constexpr int exitNoAnswer = 4;
 
 bool displayAvailable()
 {
@@ -61,12 +63,29 @@ int main(int argc, char* argv[])
     const QString commandLine = commandLineText(QApplication::arguments().mid(1));
     lorvane::SingleInstanceChannel channel(
         lorvane::SingleInstanceChannel::defaultName(lorvane::SystemFolder::path()));
-    // A database named while a copy runs is opened there; this copy ends at once.
-    const QString path = lorvane::CommandLine::parse(commandLine, QDate::currentDate()).path;
-    if (!path.isEmpty() &&
-        lorvane::SingleInstanceChannel::send(
-            channel.name(), lorvane::OpenLogRequest::command(QDir(path).absolutePath())))
-        return exitHandedOver;
+    // A database named while a copy runs is opened there with the whole command line; this
+    // copy ends at once.
+    const QString request =
+        lorvane::StartCommand::handOver(commandLine, QDir::current(), QDate::currentDate());
+    if (!request.isEmpty()) {
+        using Delivery = lorvane::SingleInstanceChannel::Delivery;
+        switch (lorvane::SingleInstanceChannel::send(channel.name(), request)) {
+        case Delivery::NoCopy:
+            break;
+        case Delivery::Accepted:
+            return exitHandedOver;
+        case Delivery::Refused:
+            std::fputs("lorvane: the running copy refused the request: it is busy with another "
+                       "one. Nothing was opened; try again when it is done.\n",
+                       stderr);
+            return exitRefused;
+        case Delivery::NoAnswer:
+            std::fputs("lorvane: the running copy did not answer the request. Nothing was "
+                       "opened.\n",
+                       stderr);
+            return exitNoAnswer;
+        }
+    }
 
     lorvane::RunContext context;
     lorvane::LorvaneStartupHost host;

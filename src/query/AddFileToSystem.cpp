@@ -10,33 +10,11 @@
 #include "store/MeterDatabase.h"
 #include "store/MeterMessages.h"
 #include "store/SchemaUpgrade.h"
+#include "store/UpgradeLadder.h"
 
 #include <QFileInfo>
-#include <cmath>
 
 namespace lorvane {
-
-namespace {
-
-const QString versionStep = QStringLiteral("GetDB_Version");
-
-/// The two version faults that end the program.
-void checkVersion(double version, const QString& path)
-{
-    if (version <= 0)
-        throw Fault(Fault::Kind::Version, MeterMessages::cannotReadVersion(), versionStep, path);
-    // 7.8 was never released by the download tool; a file claiming it is not to be trusted.
-    if (version < 7.5 - 1e-9 || std::abs(version - 7.8) < 1e-9)
-        throw Fault(Fault::Kind::Version, MeterMessages::invalidVersion(version), versionStep,
-                    path);
-}
-
-bool endsProgram(const Fault& fault)
-{
-    return fault.kind() == Fault::Kind::Version && fault.step() == versionStep;
-}
-
-} // namespace
 
 AddFileToSystem::AddFileToSystem(MeterTable& table, TopQueryBuffer& buffer,
                                  DataPointSelection& points, QString scratchPath)
@@ -45,7 +23,7 @@ AddFileToSystem::AddFileToSystem(MeterTable& table, TopQueryBuffer& buffer,
 }
 
 AddFileToSystem::Outcome AddFileToSystem::run(const QString& givenPath, const QString& givenName,
-                                              int meterIndex)
+                                              int meterIndex, LoadProgress* progress)
 {
     Outcome outcome;
     if (meterIndex < 0 || meterIndex >= m_table.maxDevices())
@@ -79,12 +57,19 @@ AddFileToSystem::Outcome AddFileToSystem::run(const QString& givenPath, const QS
             readOnly = meter.readOnlyAttribute();
             version = meter.version();
         }
-        if (readOnly)
+        SchemaUpgrade::checkVersion(version, path);
+        if (readOnly) {
             outcome.messages << MeterMessages::readOnlyAttribute(name);
-        checkVersion(version, path);
-        // The ladder writes in place; a file its owner marked read-only is read as it is.
-        if (!readOnly)
-            SchemaUpgrade::upgrade(path);
+            // The ladder writes in place, so a file its owner marked read-only keeps its
+            // version; below the newest layout it cannot be read and is refused here.
+            if (!UpgradeLadder::stepsFrom(version).isEmpty()) {
+                outcome.messages << MeterMessages::needsUpgrade(name, version);
+                return outcome;
+            }
+        } else if (SchemaUpgrade::upgrade(path, progress).cancelled) {
+            outcome.messages << MeterMessages::upgradeCancelled(name);
+            return outcome;
+        }
 
         MeterDatabase meter(path);
         QString refusal;
@@ -99,7 +84,7 @@ AddFileToSystem::Outcome AddFileToSystem::run(const QString& givenPath, const QS
         m_points.markUnselected();
         outcome.added = true;
     } catch (const Fault& fault) {
-        if (endsProgram(fault))
+        if (SchemaUpgrade::endsProgram(fault))
             throw;
         outcome.messages << fault.message();
     }

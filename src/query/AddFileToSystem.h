@@ -7,6 +7,7 @@
 namespace lorvane {
 
 class DataPointSelection;
+class LoadProgress;
 class MeterTable;
 class TopQueryBuffer;
 
@@ -29,8 +30,11 @@ public:
     /// Opens `path` (shown as `name`) as meter `meterIndex + 1`. A refused file leaves the
     /// earlier entry as it was and says why in the outcome. Throws Fault Version, step
     /// "GetDB_Version", for a version that cannot be read (0 or less) and for one below 7.5 or
-    /// exactly 7.8: the caller ends the program on it.
-    Outcome run(const QString& path, const QString& name, int meterIndex);
+    /// exactly 7.8: the caller ends the program on it. A read-only file below the newest
+    /// layout is refused (the ladder may not write it). `progress` (null for none) watches the
+    /// upgrade ladder; its cancel refuses the file, which stays at its last whole version.
+    Outcome run(const QString& path, const QString& name, int meterIndex,
+                LoadProgress* progress = nullptr);
 
 private:
     MeterTable& m_table;

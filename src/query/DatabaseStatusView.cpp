@@ -111,18 +111,20 @@ void row(GridTable& grid, const QStringList& cells)
 
 } // namespace
 
-QList<GridTable> DatabaseStatusView::run(const QList<LogFileEntry>& files)
+QList<GridTable> DatabaseStatusView::run(const QList<LogFileEntry>& files,
+                                         QList<Unreadable>* unreadable)
 {
     QList<GridTable> grids;
     int number = 0;
     for (const LogFileEntry& entry : files) {
         if (entry.used)
-            grids << file(entry, ++number);
+            grids << file(entry, ++number, unreadable);
     }
     return grids;
 }
 
-GridTable DatabaseStatusView::file(const LogFileEntry& entry, int deviceNumber)
+GridTable DatabaseStatusView::file(const LogFileEntry& entry, int deviceNumber,
+                                   QList<Unreadable>* unreadable)
 {
     GridTable grid;
     grid.caption = userText("404101", "Data File Information");
@@ -134,8 +136,10 @@ GridTable DatabaseStatusView::file(const LogFileEntry& entry, int deviceNumber)
     try {
         opened = std::make_unique<SqliteDatabase>(entry.dbPath, SqliteDatabase::Mode::ReadOnly);
         opened->scalar(QStringLiteral("SELECT count(*) FROM sqlite_master"));
-    } catch (const StorageError&) {
+    } catch (const StorageError& error) {
         row(grid, {userText("404135", "Cannot display information") + QLatin1Char('.')});
+        if (unreadable)
+            unreadable->append({entry.dbPath, error.detail()});
         return grid;
     }
     SqliteDatabase& db = *opened;

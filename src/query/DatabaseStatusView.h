@@ -18,11 +18,21 @@ class SqliteDatabase;
 class DatabaseStatusView
 {
 public:
+    /// A file whose grid says "Cannot display information.": its path and the engine's words.
+    struct Unreadable
+    {
+        QString path;
+        QString detail;
+    };
+
     /// One grid per used file, in list order. A file that cannot be read gives a grid whose
-    /// single row says "Cannot display information."; nothing is thrown.
-    static QList<GridTable> run(const QList<LogFileEntry>& files);
-    /// The grid of one file, `deviceNumber` from 1.
-    static GridTable file(const LogFileEntry& file, int deviceNumber);
+    /// single row says "Cannot display information." and is added to `unreadable` (when
+    /// given); nothing is thrown.
+    static QList<GridTable> run(const QList<LogFileEntry>& files,
+                                QList<Unreadable>* unreadable = nullptr);
+    /// The grid of one file, `deviceNumber` from 1; `unreadable` as for run().
+    static GridTable file(const LogFileEntry& file, int deviceNumber,
+                          QList<Unreadable>* unreadable = nullptr);
 
 private:
     /// The block "Partial Downloads": the last stamp and index of each log a download can

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DayRowsCopy.h"
 
-#include "LoadProgress.h"
 #include "QueryCatalog.h"
 #include "QueryContext.h"
 #include "ViewResult.h"
+#include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/UserText.h"

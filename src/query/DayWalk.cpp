@@ -2,8 +2,8 @@
 #include "DayWalk.h"
 
 #include "AttachedMeterFiles.h"
-#include "LoadProgress.h"
 #include "platform/Fault.h"
+#include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/StorageError.h"
 #include "platform/UserText.h"
@@ -152,6 +152,8 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
                       timeText(shownEnd));
 
     const qint64 days = low.daysTo(high);
+    // The days of the range are the known total: each walked day moves the bar.
+    m_progress.advance(0, days + 1);
     for (qint64 step = 0; step <= days; ++step) {
         const QDate day = descending ? high.addDays(-step) : low.addDays(step);
         const QDateTime dayStart = WallClock::at(day, QTime(0, 0, 0));
@@ -194,6 +196,7 @@ DayWalk::Result DayWalk::run(QList<LogFileEntry>& files, const QString& masterTa
                           QStringLiteral(", ") + userText("300018", "you have") + QLatin1Char(' ') +
                           QString::number(result.rows) + QLatin1Char(' ') + m_countWord +
                           QLatin1Char('.'));
+        m_progress.advance(step + 1, days + 1);
         if (m_progress.cancelRequested()) {
             result.cancelled = true;
             result.reached = descending ? dayStart : dayEnd;

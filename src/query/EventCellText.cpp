@@ -10,7 +10,6 @@
 #include "platform/UserText.h"
 
 #include <QLocale>
-#include <stdexcept>
 
 namespace lorvane {
 
@@ -38,7 +37,7 @@ QString EventCellText::stamp(const QString& stored, double ms, StampedTime::Frac
     try {
         return StampedTime::fromStoredText(stored, ms)
             .text(m_dates.dateTimeFormat(), m_dates.locale(), scale);
-    } catch (const std::invalid_argument&) {
+    } catch (const Fault&) {
         return stored;
     }
 }

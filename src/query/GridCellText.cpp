@@ -1,13 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "GridCellText.h"
 
+#include "platform/Fault.h"
 #include "store/DateTimeText.h"
 #include "store/StampedTime.h"
 
 #include <QLocale>
-#include <stdexcept>
 
 namespace lorvane {
+
+namespace {
+
+/// The locale's date and time format, built again only when the default locale changed: a
+/// grid asks for it once per cell.
+const QString& dateTimeFormat(const QLocale& locale)
+{
+    thread_local QString name;
+    thread_local QString format;
+    if (format.isEmpty() || name != locale.name()) {
+        name = locale.name();
+        format = DateTimeText(locale).dateTimeFormat();
+    }
+    return format;
+}
+
+} // namespace
 
 QString GridCellText::stamp(const QVariant& stored, const QVariant& ms)
 {
@@ -16,9 +33,8 @@ QString GridCellText::stamp(const QVariant& stored, const QVariant& ms)
     try {
         const StampedTime time = StampedTime::fromStoredText(stored.toString(), ms.toDouble());
         const QLocale locale;
-        return time.text(DateTimeText(locale).dateTimeFormat(), locale,
-                         StampedTime::Fraction::Thousandths);
-    } catch (const std::invalid_argument&) {
+        return time.text(dateTimeFormat(locale), locale, StampedTime::Fraction::Thousandths);
+    } catch (const Fault&) {
         return stored.toString();
     }
 }

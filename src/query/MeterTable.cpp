@@ -13,9 +13,18 @@ namespace lorvane {
 
 MeterTable::MeterTable(int configuredDevices)
 {
+    setConfiguredDevices(configuredDevices);
+}
+
+bool MeterTable::setConfiguredDevices(int configuredDevices)
+{
     const int count = (configuredDevices == 1 || configuredDevices == 2) ? configuredDevices : 2;
+    bool closed = false;
+    for (qsizetype i = count; i < m_devices.size(); ++i)
+        closed = closed || !m_devices.at(i).filePath.isEmpty();
     m_devices.resize(count);
-    m_combo.fill(0, count);
+    m_combo.resize(count, 0);
+    return closed;
 }
 
 MeterTable::Opened MeterTable::open(const QStringList& paths, const QString& scratchPath,

@@ -30,6 +30,9 @@ public:
                        int configuredDevices = 2);
 
     int maxDevices() const { return static_cast<int>(m_devices.size()); }
+    /// Takes a new `MaxDeviceLogNumber` (as the constructor does); going down to 1 closes
+    /// meter 2. True when a meter was closed.
+    bool setConfiguredDevices(int configuredDevices);
     /// Entry `meterIndex` (0 for meter 1); throws std::out_of_range outside the table.
     const DeviceRecord& device(int meterIndex) const { return m_devices.at(meterIndex); }
     const QList<DeviceRecord>& devices() const { return m_devices; }

@@ -4,6 +4,7 @@
 #include "DayRowsCopy.h"
 #include "EventCellText.h"
 #include "QueryContext.h"
+#include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/UserText.h"
@@ -18,7 +19,8 @@ DayWalk::Result PqLoader::load(QueryContext& context, QList<LogFileEntry>& files
         QStringLiteral("StartDate/Time"), userText("303004", "Power Quality"));
 }
 
-QList<QPair<qint64, qint64>> PqLoader::linkCaptures(SqliteDatabase& db, const QueryNumbers& numbers)
+QList<QPair<qint64, qint64>> PqLoader::linkCaptures(SqliteDatabase& db, const QueryNumbers& numbers,
+                                                    LoadProgress* progress)
 {
     const QString pq = SqlIdentifier::quote(numbers.sliceTable(QStringLiteral("PQLog_")));
     const QString waves = SqlIdentifier::quote(numbers.sliceTable(QStringLiteral("WaveformLog_")));
@@ -41,7 +43,10 @@ QList<QPair<qint64, qint64>> PqLoader::linkCaptures(SqliteDatabase& db, const Qu
                         select.real(4)});
     }
     QList<QPair<qint64, qint64>> missing;
+    qsizetype checked = 0;
     for (const Record& record : records) {
+        if (progress)
+            progress->advance(checked++, records.size());
         // A split-log meter keeps its captures in other files than its PQ records: any file of
         // the same meter may hold the capture.
         QStringList devicesOfMeter;

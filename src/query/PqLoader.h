@@ -9,6 +9,8 @@
 
 namespace lorvane {
 
+class LoadProgress;
+
 class SqliteDatabase;
 struct QueryContext;
 
@@ -25,9 +27,10 @@ public:
     /// The waveform link check: a record whose start (stamp and ms, within 0.05 ms) is the
     /// trigger of a capture of the same meter in `WaveformLog_{Q}_{S}` gets `WaveformLink` -1;
     /// the others keep what the meter stored. Returns (`DeviceIndex`, `RecCounter`) of the
-    /// records whose capture is missing, in table order. Throws StorageError.
-    static QList<QPair<qint64, qint64>> linkCaptures(SqliteDatabase& db,
-                                                     const QueryNumbers& numbers);
+    /// records whose capture is missing, in table order. `progress` (null for none) is told the
+    /// share of the records checked. Throws StorageError.
+    static QList<QPair<qint64, qint64>>
+    linkCaptures(SqliteDatabase& db, const QueryNumbers& numbers, LoadProgress* progress = nullptr);
 };
 
 } // namespace lorvane

@@ -71,7 +71,7 @@ QList<GridTable> PqView::grids(QueryContext& context, const QueryNumbers& number
 {
     SqliteDatabase& db = context.scratch->database();
     // The link check works on the scratch tables only, so a refill may run it again.
-    const auto missing = PqLoader::linkCaptures(db, numbers);
+    const auto missing = PqLoader::linkCaptures(db, numbers, context.progress);
     const GridTable pq = PqGrid::fill(db, numbers, context.descending, context.dataFormat, missing);
     if (pq.rowKeys.isEmpty()) {
         // No record, no captures to list: the detail grid keeps its headings.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SnapshotLoader.h"
 
-#include "LoadProgress.h"
 #include "QueryContext.h"
+#include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/UserText.h"
 #include "store/LogKind.h"

@@ -2,9 +2,9 @@
 #include "StatusLogCopy.h"
 
 #include "AttachedMeterFiles.h"
-#include "LoadProgress.h"
 #include "LogFileList.h"
 #include "QueryCatalog.h"
+#include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/StorageError.h"

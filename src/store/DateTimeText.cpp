@@ -149,17 +149,4 @@ QString DateTimeText::statementText(const QDateTime& clock) const
     return m_locale.toString(clock, m_shortDate) + u' ' + QLocale::c().toString(clock, m_time);
 }
 
-QString DateTimeText::shortDateTime(const QDateTime& clock, bool withTime)
-{
-    if (!clock.isValid())
-        return {};
-    const QDate date = clock.date();
-    QString text = QStringLiteral("%1/%2/%3").arg(date.month()).arg(date.day()).arg(date.year());
-    if (withTime) {
-        const QTime time = clock.time();
-        text += QStringLiteral(" %1:%2:%3").arg(time.hour()).arg(time.minute()).arg(time.second());
-    }
-    return text;
-}
-
 } // namespace lorvane

@@ -50,12 +50,6 @@ public:
     /// marker "AM" or "PM" (and the C locale's digits); empty for an invalid time.
     QString statementText(const QDateTime& clock) const;
 
-    /// Month "/" day "/" year without leading zeros ("3/1/2024"); with `withTime` a blank and
-    /// hours ":" minutes ":" seconds, also without leading zeros ("3/1/2024 7:5:0"). The order
-    /// is fixed whatever the locale, as statements and stored selections expect. Empty for an
-    /// invalid time.
-    static QString shortDateTime(const QDateTime& clock, bool withTime);
-
 private:
     QLocale m_locale;
     QString m_shortDate;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MeterDatabase.h"
 
+#include "IdTable.h"
 #include "MeterMessages.h"
 #include "platform/Fault.h"
 #include "platform/StorageError.h"
@@ -68,18 +69,12 @@ bool MeterDatabase::readOnlyAttribute() const
 
 double MeterDatabase::version()
 {
-    return guarded(QStringLiteral("GetDB_Version"), [&] {
-        const QVariant value =
-            m_db->scalar(QStringLiteral("SELECT [Version] FROM [ID_Table] LIMIT 1"));
-        return value.isValid() ? value.toDouble() : -1.0;
-    });
+    return guarded(QStringLiteral("GetDB_Version"), [&] { return IdTable::version(*m_db); });
 }
 
 QString MeterDatabase::note()
 {
-    return guarded(QStringLiteral("GetDB_Version"), [&] {
-        return m_db->scalar(QStringLiteral("SELECT [Note] FROM [ID_Table] LIMIT 1")).toString();
-    });
+    return guarded(QStringLiteral("GetDB_Version"), [&] { return IdTable::note(*m_db); });
 }
 
 } // namespace lorvane

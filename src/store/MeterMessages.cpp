@@ -25,6 +25,14 @@ QString MeterMessages::damaged(const QString& table, const QString& database)
            table + QLatin1Char('\n') + databaseLine(database);
 }
 
+QString MeterMessages::damagedStamp(const QString& text, const QString& why)
+{
+    return userText("200044", "This database is damaged: the time stamp") + QStringLiteral(" \"") +
+           text + QStringLiteral("\" ") +
+           userText("200045", "is not a date and time of the form YYYY-MM-DD HH:MM:SS") +
+           QStringLiteral(" (") + why + QStringLiteral(").");
+}
+
 QString MeterMessages::readOnlyAttribute(const QString& name)
 {
     return name + QLatin1Char(' ') + userText("200004", "file attribute is read-only.");
@@ -89,6 +97,20 @@ QString MeterMessages::newerThanSystem(double systemVersion, const QString& syst
            QString::number(systemVersion, 'f', 1) + QStringLiteral(", ") + systemNote + br +
            userText("200023", "Selected DB") + QStringLiteral(", v") +
            QString::number(selectedVersion, 'f', 1) + QStringLiteral(", ") + selectedNote;
+}
+
+QString MeterMessages::needsUpgrade(const QString& name, double version)
+{
+    return name + QLatin1Char(' ') + userText("200040", "is at version") + QLatin1Char(' ') +
+           versionText(version) + QLatin1Char(' ') +
+           userText("200041", "and must be upgraded before it can be read; clear its read-only "
+                              "attribute to let the program upgrade it.");
+}
+
+QString MeterMessages::upgradeCancelled(const QString& name)
+{
+    return userText("200042", "The upgrade of") + QLatin1Char(' ') + name + QLatin1Char(' ') +
+           userText("200043", "was cancelled; the file keeps its version.");
 }
 
 QString MeterMessages::updatingTo83()

@@ -11,6 +11,9 @@ class MeterMessages
 public:
     /// "This database is damaged. Table:  {table}\nDatabase: {database}"
     static QString damaged(const QString& table, const QString& database);
+    /// "This database is damaged: the time stamp "{text}" is not a date and time of the form
+    /// YYYY-MM-DD HH:MM:SS ({why})."
+    static QString damagedStamp(const QString& text, const QString& why);
     /// "{name} file attribute is read-only."
     static QString readOnlyAttribute(const QString& name);
     static QString fileMissing(const QString& path);
@@ -28,6 +31,11 @@ public:
     /// The five lines of a meter file newer than the scratch database; versions as "0.0".
     static QString newerThanSystem(double systemVersion, const QString& systemNote,
                                    double selectedVersion, const QString& selectedNote);
+    /// "{name} is at version {version} and must be upgraded before it can be read; clear its
+    /// read-only attribute to let the program upgrade it."
+    static QString needsUpgrade(const QString& name, double version);
+    /// "The upgrade of {name} was cancelled; the file keeps its version."
+    static QString upgradeCancelled(const QString& name);
     /// The label text while the 8.3 step walks the hour tables.
     static QString updatingTo83();
     /// A version as the messages show it: shortest form ("7.8", "7.55", "-1").

@@ -38,19 +38,6 @@ TableLayout hourMaster(const char* name)
     return addSpan(layout);
 }
 
-/// The layout without the named columns; its indexes stay.
-TableLayout without(const TableLayout& layout, const QStringList& columns)
-{
-    TableLayout reduced(layout.name());
-    for (const ColumnLayout& column : layout.columns()) {
-        if (!columns.contains(column.name))
-            reduced.add(column.name, column.type, column.defaultValue);
-    }
-    for (const IndexLayout& index : layout.indexes())
-        reduced.index(index.name, index.columns, index.unique);
-    return reduced;
-}
-
 QStringList numbered(const char* pattern, int first, int last)
 {
     QStringList names;
@@ -297,7 +284,7 @@ void MeterSchema::leaveOutLaterAdditions(QList<TableLayout>& tables) const
             if (addition.columns.isEmpty())
                 tables.removeAt(i);
             else
-                tables[i] = without(tables.at(i), addition.columns);
+                tables[i] = tables.at(i).without(addition.columns);
         }
     }
     // From 8.3, when the step makes it, to 8.5, whose step deletes it, ScaledFormats carries
@@ -532,7 +519,7 @@ TableLayout MeterSchema::hourTimeIndexTable(LogKind kind, qint64 logTablesIndex,
         hourTimeIndex().renamed(SchemaCatalog::hourTimeIndexTable(kind, logTablesIndex, hour));
     // The 8.3 step adds ProfileIndex to the snapshot hour tables only.
     if (kind == LogKind::Snapshots && before(8.3))
-        return without(layout, {s("ProfileIndex")});
+        return layout.without({s("ProfileIndex")});
     return layout;
 }
 

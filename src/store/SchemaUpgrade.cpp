@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SchemaUpgrade.h"
 
+#include "IdTable.h"
 #include "MeterMessages.h"
 #include "UpgradeLadder.h"
 #include "platform/Fault.h"
@@ -26,22 +27,6 @@ bool below(double a, double b)
     return a < b - 1e-9;
 }
 
-/// Version of ID_Table's first row on an open database; -1 without a row.
-double versionOf(SqliteDatabase& db)
-{
-    const QVariant value = db.scalar(QStringLiteral("SELECT [Version] FROM %1 LIMIT 1")
-                                         .arg(SqlIdentifier::quote(QStringLiteral("ID_Table"))));
-    return value.isValid() ? value.toDouble() : -1.0;
-}
-
-QString noteOf(SqliteDatabase& db)
-{
-    return db
-        .scalar(QStringLiteral("SELECT [Note] FROM %1 LIMIT 1")
-                    .arg(SqlIdentifier::quote(QStringLiteral("ID_Table"))))
-        .toString();
-}
-
 } // namespace
 
 double SchemaUpgrade::GetDB_Version(const QString& path)
@@ -49,20 +34,20 @@ double SchemaUpgrade::GetDB_Version(const QString& path)
     const QString step = QStringLiteral("GetDB_Version");
     try {
         SqliteDatabase db(path, SqliteDatabase::Mode::ReadWrite);
-        return versionOf(db);
+        return IdTable::version(db);
     } catch (const std::exception& e) {
         MeterDatabase::rethrow(step, path, e);
     }
 }
 
 UpgradeStep::Outcome SchemaUpgrade::runStep(const QString& path, const UpgradeStep& step,
-                                            const UpgradeProgress& progress)
+                                            LoadProgress& progress)
 {
     try {
         SqliteDatabase db(path, SqliteDatabase::Mode::ReadWrite);
         db.beginTransaction();
         try {
-            if (!same(versionOf(db), step.source)) {
+            if (!same(IdTable::version(db), step.source)) {
                 db.rollback();
                 return UpgradeStep::Outcome::NotAtSource;
             }
@@ -82,8 +67,25 @@ UpgradeStep::Outcome SchemaUpgrade::runStep(const QString& path, const UpgradeSt
     }
 }
 
-UpgradeResult SchemaUpgrade::upgrade(const QString& path, const UpgradeProgress& progress)
+void SchemaUpgrade::checkVersion(double version, const QString& path)
 {
+    const QString step = QStringLiteral("GetDB_Version");
+    if (version <= 0)
+        throw Fault(Fault::Kind::Version, MeterMessages::cannotReadVersion(), step, path);
+    // 7.8 was never released by the download tool; a file claiming it is not to be trusted.
+    if (below(version, firstVersion) || same(version, 7.8))
+        throw Fault(Fault::Kind::Version, MeterMessages::invalidVersion(version), step, path);
+}
+
+bool SchemaUpgrade::endsProgram(const Fault& fault)
+{
+    return fault.kind() == Fault::Kind::Version && fault.step() == QLatin1String("GetDB_Version");
+}
+
+UpgradeResult SchemaUpgrade::upgrade(const QString& path, LoadProgress* progress)
+{
+    SilentProgress silent;
+    LoadProgress& watcher = progress ? *progress : silent;
     const QFileInfo info(path);
     const QString open = QStringLiteral("AddFileToSystem");
     if (!info.isFile())
@@ -93,17 +95,18 @@ UpgradeResult SchemaUpgrade::upgrade(const QString& path, const UpgradeProgress&
         throw Fault(Fault::Kind::ReadOnly, MeterMessages::readOnlyAttribute(info.fileName()), open,
                     path);
 
-    const QString versionStep = QStringLiteral("GetDB_Version");
     UpgradeResult result;
     result.from = GetDB_Version(path);
-    if (result.from <= 0)
-        throw Fault(Fault::Kind::Version, MeterMessages::cannotReadVersion(), versionStep, path);
-    if (below(result.from, firstVersion) || same(result.from, 7.8))
-        throw Fault(Fault::Kind::Version, MeterMessages::invalidVersion(result.from), versionStep,
-                    path);
+    checkVersion(result.from, path);
 
-    for (const UpgradeStep& step : UpgradeLadder::stepsFrom(result.from)) {
-        const UpgradeStep::Outcome outcome = runStep(path, step, progress);
+    const QList<UpgradeStep> steps = UpgradeLadder::stepsFrom(result.from);
+    for (qsizetype i = 0; i < steps.size(); ++i) {
+        const UpgradeStep& step = steps.at(i);
+        watcher.advance(i, steps.size());
+        // Each step fills its own share of the bar, the long 8.3 step row by row.
+        ProgressShare share(watcher, double(i) / double(steps.size()),
+                            double(i + 1) / double(steps.size()));
+        const UpgradeStep::Outcome outcome = runStep(path, step, share);
         if (outcome == UpgradeStep::Outcome::Cancelled) {
             result.cancelled = true;
             break;
@@ -151,8 +154,8 @@ int SchemaUpgrade::compareWithScratch(const QString& scratchPath, MeterDatabase&
     QString scratchNote;
     try {
         SqliteDatabase scratch(scratchPath, SqliteDatabase::Mode::ReadOnly);
-        scratchVersion = versionOf(scratch);
-        scratchNote = noteOf(scratch);
+        scratchVersion = IdTable::version(scratch);
+        scratchNote = IdTable::note(scratch);
     } catch (const std::exception& e) {
         MeterDatabase::rethrow(step, scratchPath, e);
     }

@@ -4,6 +4,7 @@
 #include "MeterDatabase.h"
 #include "UpgradeResult.h"
 #include "UpgradeStep.h"
+#include "platform/Fault.h"
 
 #include <QString>
 
@@ -21,6 +22,12 @@ public:
     /// rolls back what an interrupted step left); -1.0 when the table has no row. Throws
     /// Fault with step "GetDB_Version" when the file cannot be read.
     static double GetDB_Version(const QString& path);
+    /// The two version faults that end the program: Fault Version, step "GetDB_Version",
+    /// "Cannot read current database version..." for a version of 0 or less and "Invalid
+    /// database version ..." for one below 7.5 or exactly 7.8.
+    static void checkVersion(double version, const QString& path);
+    /// `fault` is one of those two.
+    static bool endsProgram(const Fault& fault);
 
     /// Checks before the ladder, then the ladder, then BlockLoadDB and the version guard.
     /// Throws Fault: FileMissing; ReadOnly "{name} file attribute is read-only." (the file
@@ -28,15 +35,16 @@ public:
     /// 0 or less and "Invalid database version ..." for one below 7.5 or exactly 7.8 (both end
     /// the program); Version with step "BlockLoadDB" or "VersionGuard" for a file that must
     /// not be opened (7.55); Other with the step's name for an engine failure in a step, the
-    /// file then stays at the last whole version. `progress` serves the long 8.3 step and may
-    /// cancel it; the result then says so.
-    static UpgradeResult upgrade(const QString& path, const UpgradeProgress& progress = {});
+    /// file then stays at the last whole version. `progress` (null for none) is told the
+    /// share of the ladder done, step by step, and serves the long 8.3 step; its cancel stops
+    /// the ladder after rolling back the running step, and the result then says so.
+    static UpgradeResult upgrade(const QString& path, LoadProgress* progress = nullptr);
 
     /// Runs one step on the file in its own transaction: the changes only when the file is at
     /// the step's source version. Throws Fault with the step's name when a statement fails;
     /// the step is then rolled back.
     static UpgradeStep::Outcome runStep(const QString& path, const UpgradeStep& step,
-                                        const UpgradeProgress& progress = {});
+                                        LoadProgress& progress);
 
     /// The load check on an open file: true, with the message, when it must not be opened:
     /// below 7.5 (the message names 7.6) or exactly 7.55 ("cannot be upgraded").

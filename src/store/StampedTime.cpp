@@ -2,10 +2,11 @@
 #include "StampedTime.h"
 
 #include "WallClock.h"
+#include "MeterMessages.h"
+#include "platform/Fault.h"
 
 #include <QRegularExpression>
 #include <cmath>
-#include <stdexcept>
 #include <tuple>
 
 namespace lorvane {
@@ -22,10 +23,9 @@ QDateTime wholeSeconds(const QDateTime& clock)
 
 [[noreturn]] void badText(const QString& text, const char* why)
 {
-    throw std::invalid_argument((QStringLiteral("Bad date/time \"") + text +
-                                 QStringLiteral("\": expected YYYY-MM-DD HH:MM:SS, ") +
-                                 QLatin1String(why))
-                                    .toStdString());
+    // A stamp comes from a meter or scratch file: one that does not read is a damaged file.
+    throw Fault(Fault::Kind::Damaged, MeterMessages::damagedStamp(text, QLatin1String(why)),
+                QStringLiteral("StampedTime"), QString());
 }
 
 } // namespace

@@ -33,8 +33,9 @@ public:
     /// `ms`); `ms` in milliseconds, `mode` as the meter wrote it.
     StampedTime(const QDateTime& clock, double ms, int mode);
 
-    /// Reads the stored text form. Throws std::invalid_argument naming the text when it is not
-    /// exactly `YYYY-MM-DD HH:MM:SS` or names no real date or time (2023-02-29, 24:00:00).
+    /// Reads the stored text form. Throws Fault Damaged (step "StampedTime") naming the text
+    /// when it is not exactly `YYYY-MM-DD HH:MM:SS` or names no real date or time (2023-02-29,
+    /// 24:00:00): such a stamp is a damaged file, and the reader that knows the file adds it.
     static StampedTime fromStoredText(const QString& text, double ms = 0.0, int mode = 0);
     /// The clock time of a stored text, with the same checks and error as `fromStoredText`.
     static QDateTime parseClock(const QString& text);

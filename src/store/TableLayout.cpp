@@ -21,6 +21,18 @@ TableLayout& TableLayout::index(const QString& name, const QStringList& columns,
     return *this;
 }
 
+TableLayout TableLayout::without(const QStringList& columns) const
+{
+    TableLayout reduced(m_name);
+    for (const ColumnLayout& column : m_columns) {
+        if (!columns.contains(column.name))
+            reduced.add(column.name, column.type, column.defaultValue);
+    }
+    for (const IndexLayout& index : m_indexes)
+        reduced.index(index.name, index.columns, index.unique);
+    return reduced;
+}
+
 TableLayout TableLayout::renamed(const QString& name) const
 {
     TableLayout copy = *this;

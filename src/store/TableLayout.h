@@ -50,6 +50,8 @@ public:
     TableLayout& index(const QString& name, const QStringList& columns, bool unique);
     /// Same columns and indexes under another table name.
     TableLayout renamed(const QString& name) const;
+    /// The layout without the named columns; its indexes stay.
+    TableLayout without(const QStringList& columns) const;
 
     const QString& name() const { return m_name; }
     const QList<ColumnLayout>& columns() const { return m_columns; }

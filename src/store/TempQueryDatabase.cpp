@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TempQueryDatabase.h"
 
+#include "IdTable.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/StorageError.h"
+#include "platform/UserText.h"
 
 #include <QDir>
 #include <QFile>
@@ -160,20 +162,12 @@ SqliteDatabase& TempQueryDatabase::database()
 
 double TempQueryDatabase::version()
 {
-    const QVariant value =
-        database().scalar(QStringLiteral("SELECT %1 FROM %2")
-                              .arg(SqlIdentifier::quote(QStringLiteral("Version")),
-                                   SqlIdentifier::quote(QStringLiteral("ID_Table"))));
-    return value.isValid() ? value.toDouble() : -1.0;
+    return IdTable::version(database());
 }
 
 QString TempQueryDatabase::note()
 {
-    return database()
-        .scalar(QStringLiteral("SELECT %1 FROM %2")
-                    .arg(SqlIdentifier::quote(QStringLiteral("Note")),
-                         SqlIdentifier::quote(QStringLiteral("ID_Table"))))
-        .toString();
+    return IdTable::note(database());
 }
 
 QString TempQueryDatabase::createWorkingTable(const QString& base, qint64 queryNumber, qint64 slice)
@@ -221,14 +215,32 @@ void TempQueryDatabase::closeAndDelete()
         m_lock->unlock();
 }
 
+QString TempQueryDatabase::unavailable(const QString& templatePath, const StorageError& error)
+{
+    const QString name = QFileInfo(templatePath).fileName();
+    const QString why =
+        error.kind() == StorageError::Kind::FileMissing
+            ? userText("200310", "The scratch template %1 is missing.").arg(name)
+            : userText("200311", "The scratch database cannot be made from its template %1.")
+                  .arg(name);
+    QString text = why + u'\n' + userText("200312", "Template") + QStringLiteral(": ") +
+                   QDir::toNativeSeparators(templatePath);
+    if (error.path() != templatePath)
+        text += u'\n' + QDir::toNativeSeparators(error.path());
+    if (!error.detail().isEmpty())
+        text += u'\n' + error.detail();
+    return text;
+}
+
 int TempQueryDatabase::removeStaleFiles(const QString& scratchFolder)
 {
     const QDir folder(scratchFolder);
     if (!folder.exists())
         return 0;
     int removed = 0;
-    const QFileInfoList files = folder.entryInfoList(
-        {QStringLiteral("*.TempQuery")}, QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    const QFileInfoList files =
+        folder.entryInfoList({QStringLiteral("*.TempQuery"), QStringLiteral("*.TempQuery.part")},
+                             QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
     for (const QFileInfo& file : files) {
         const QString path = file.canonicalFilePath();
         if (heldFiles().contains(path))

@@ -3,6 +3,7 @@
 
 #include "platform/FileLock.h"
 #include "platform/SqliteDatabase.h"
+#include "platform/StorageError.h"
 
 #include <QDateTime>
 #include <QString>
@@ -38,6 +39,9 @@ public:
     /// or when the copy cannot be opened as a database (the copy is removed again).
     static std::unique_ptr<TempQueryDatabase>
     create(const QString& templatePath, const QString& scratchFolder, qint64 processId);
+    /// What the user is told when create() failed with `error`: the template, its path and
+    /// the reason ("The scratch template LorvaneTempQuery.DB is missing ...").
+    static QString unavailable(const QString& templatePath, const StorageError& error);
 
     /// The open working database; only valid until closeAndDelete().
     SqliteDatabase& database();
@@ -60,7 +64,8 @@ public:
     /// Without this call (a crash, an exception) the file stays until a later clean-up.
     void closeAndDelete();
 
-    /// Deletes every "*.TempQuery" of the folder, hidden ones included, that no running copy
+    /// Deletes every "*.TempQuery" of the folder and every "*.TempQuery.part" a crash left in
+    /// the middle of its copy, hidden ones included, that no running copy
     /// holds; files this process holds are never touched. Returns how many were removed; a
     /// missing folder or a file that cannot be deleted counts nothing and is no error.
     static int removeStaleFiles(const QString& scratchFolder);

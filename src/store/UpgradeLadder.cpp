@@ -55,14 +55,14 @@ void create(SqliteDatabase& db, double version, const char* table)
     db.executeScript(MeterSchema(version).table(s(table)).createSql());
 }
 
-bool toV7_6(SqliteDatabase& db, const UpgradeProgress&)
+bool toV7_6(SqliteDatabase& db, LoadProgress&)
 {
     addColumn(db, s("PQWaveLogDataItem"), s("RecordFormat"), T::Long);
     db.execute(QStringLiteral("UPDATE [PQWaveLogDataItem] SET [RecordFormat]=-1"));
     return true;
 }
 
-bool toV7_7(SqliteDatabase& db, const UpgradeProgress&)
+bool toV7_7(SqliteDatabase& db, LoadProgress&)
 {
     // Widening LSAB to 123 characters: copy through a new column, as a column's size cannot
     // be changed in place. The widened column ends up last.
@@ -73,7 +73,7 @@ bool toV7_7(SqliteDatabase& db, const UpgradeProgress&)
     return true;
 }
 
-bool toV7_9(SqliteDatabase& db, const UpgradeProgress&)
+bool toV7_9(SqliteDatabase& db, LoadProgress&)
 {
     // Recs is widened by replacing it; the old counts are not copied, every row restarts
     // at the default.
@@ -88,7 +88,7 @@ bool toV7_9(SqliteDatabase& db, const UpgradeProgress&)
     return true;
 }
 
-bool toV8_0(SqliteDatabase& db, const UpgradeProgress&)
+bool toV8_0(SqliteDatabase& db, LoadProgress&)
 {
     addColumn(db, s("InputLogDataItem"), s("InputFlip"), T::Long, s("0"));
     addColumn(db, s("AllLogs"), s("DownloadSoftwareInfo"), T::Text, s("'N/A'"));
@@ -103,13 +103,13 @@ bool toV8_0(SqliteDatabase& db, const UpgradeProgress&)
     return true;
 }
 
-bool toV8_1(SqliteDatabase& db, const UpgradeProgress&)
+bool toV8_1(SqliteDatabase& db, LoadProgress&)
 {
     create(db, 8.1, "Flicker_MaxMin");
     return true;
 }
 
-bool toV8_2(SqliteDatabase& db, const UpgradeProgress&)
+bool toV8_2(SqliteDatabase& db, LoadProgress&)
 {
     for (const char* extreme : {"Max", "Min"}) {
         for (const char* term : {"ST", "LT"}) {
@@ -122,7 +122,7 @@ bool toV8_2(SqliteDatabase& db, const UpgradeProgress&)
     return true;
 }
 
-bool toV8_3(SqliteDatabase& db, const UpgradeProgress& progress)
+bool toV8_3(SqliteDatabase& db, LoadProgress& progress)
 {
     addColumn(db, s("HistLogTimeIndexTmp"), s("ProfileIndex"), T::Long, s("0"));
     create(db, 8.3, "ScaledFormats");
@@ -141,21 +141,23 @@ bool toV8_3(SqliteDatabase& db, const UpgradeProgress& progress)
             }
         }
     }
-    const QString label = MeterMessages::updatingTo83();
-    const int total = int(hourTables.size());
-    if (progress && !progress(label, 0, total))
+    const qsizetype total = hourTables.size();
+    progress.status(MeterMessages::updatingTo83());
+    progress.advance(0, total);
+    if (progress.cancelRequested())
         return false;
-    for (int i = 0; i < total; ++i) {
+    for (qsizetype i = 0; i < total; ++i) {
         const QString& table = hourTables.at(i);
         addColumn(db, table, s("ProfileIndex"), T::Long, s("0"));
         db.execute(QStringLiteral("UPDATE %1 SET [ProfileIndex] = 0").arg(q(table)));
-        if (progress && !progress(label, i + 1, total))
+        progress.advance(i + 1, total);
+        if (progress.cancelRequested())
             return false;
     }
     return true;
 }
 
-bool toV8_4(SqliteDatabase& db, const UpgradeProgress&)
+bool toV8_4(SqliteDatabase& db, LoadProgress&)
 {
     // The system event master takes the columns of the flicker master and none of its rows;
     // a copy by query keeps no column defaults, as it never did.
@@ -171,7 +173,7 @@ bool toV8_4(SqliteDatabase& db, const UpgradeProgress&)
     return true;
 }
 
-bool toV8_5(SqliteDatabase& db, const UpgradeProgress&)
+bool toV8_5(SqliteDatabase& db, LoadProgress&)
 {
     // Only the unique index named FormatID goes; any other index of the table stays.
     QStringList drop;
@@ -190,9 +192,13 @@ bool toV8_5(SqliteDatabase& db, const UpgradeProgress&)
     return true;
 }
 
-bool toV8_6(SqliteDatabase& db, const UpgradeProgress&)
+bool toV8_6(SqliteDatabase& db, LoadProgress&)
 {
-    create(db, 8.6, "AllPQTestLogs");
+    // The step builds the table with the statistics and bin_1 to bin_170 only: NominalVoltage
+    // is there only in files whose meter wrote it, and its presence is what tells a reader
+    // that the meter knows its nominal voltage.
+    db.executeScript(
+        MeterSchema(8.6).table(s("AllPQTestLogs")).without({s("NominalVoltage")}).createSql());
     return true;
 }
 

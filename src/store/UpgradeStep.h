@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/LoadProgress.h"
 #include "platform/SqliteDatabase.h"
 
 #include <QDateTime>
@@ -8,10 +9,6 @@
 #include <functional>
 
 namespace lorvane {
-
-/// Told of a long step's progress: the text to show, the units done and the units in all.
-/// Returns false to cancel; the running step is then rolled back.
-using UpgradeProgress = std::function<bool(const QString& label, int done, int total)>;
 
 /// One rung of the schema upgrade ladder: written for exactly one source version, it makes
 /// its changes and closes with the update of `ID_Table` to its target version.
@@ -29,8 +26,9 @@ struct UpgradeStep
     QString name; ///< "UpdateDB2V7_6" ...: the step text of faults
     /// Fixed note of the closing statement; empty for the steps that stamp the present time.
     QString note;
-    /// The changes on the open file inside the step's transaction; false when cancelled.
-    std::function<bool(SqliteDatabase&, const UpgradeProgress&)> changes;
+    /// The changes on the open file inside the step's transaction, told to the progress (a
+    /// long step reports its text and share); false when the progress was cancelled.
+    std::function<bool(SqliteDatabase&, LoadProgress&)> changes;
 
     /// The statement that closes the step: "Update [ID_Table] Set [Version]=8.3,
     /// [Note]='Database Updated to V8.3 on 2024-03-04 12:00:00'" with `now` as the stamp

@@ -5,14 +5,24 @@
 #include "app/OpenLogRequest.h"
 #include "app/PrinterCheck.h"
 #include "app/ProgressTimeStamp.h"
+#include "app/RunContext.h"
+#include "query/DataPointSelection.h"
+#include "app/StartCommand.h"
+#include "query/TimeSelection.h"
+#include "query/TopQueryBuffer.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using lorvane::AboutInfo;
 using lorvane::CommandLine;
+using lorvane::DataPointSelection;
 using lorvane::OpenLogRequest;
+using lorvane::StartCommand;
+using lorvane::TimeSelection;
+using lorvane::TopQueryBuffer;
 
 namespace {
 const QDate today(2024, 3, 15);
@@ -97,6 +107,65 @@ TEST(OpenLogRequest, VerbRules)
     }
     EXPECT_EQ(OpenLogRequest::parse("closelog x").verb, "CLOSELOG");
     EXPECT_EQ(OpenLogRequest::parse(OpenLogRequest::command("/a b.DB")).path, "/a b.DB");
+}
+
+TEST(StartCommand, ASecondCopyHandsOverEveryFieldWithAnAbsolutePath)
+{
+    // Only "OPENLOG {path}" went over: the running copy lost the range, channels and view.
+    const QString request = StartCommand::handOver(
+        "LOGID:2 FRT:030424000000 LRT:030524120000 CHA:21017,20617 \"My Meter.DB\"",
+        QDir("/data/meters"), today);
+    EXPECT_EQ(request, "COMMANDLINE LOGID:2 FRT:030424000000 LRT:030524120000 "
+                       "CHA:21017,20617 \"/data/meters/My Meter.DB\"");
+    EXPECT_TRUE(StartCommand::handOver("LOGID:2 CHA:1", QDir("/data"), today).isEmpty());
+
+    const struct
+    {
+        QString request;
+        QString path;
+        int button;
+        QList<qint32> points;
+    } cases[] = {
+        {request, "/data/meters/My Meter.DB", 1, {21017, 20617}},
+        // OPENLOG only opens: its path is taken as it is, quotes and blanks included.
+        {"OPENLOG /data/My Meter.DB", "/data/My Meter.DB", -1, {}},
+        {"CLOSELOG /data/m.DB", "", -1, {}},
+    };
+    for (const auto& c : cases) {
+        const StartCommand command = StartCommand::fromRequest(c.request, today);
+        EXPECT_EQ(command.path(), c.path) << c.request.toStdString();
+        TimeSelection time;
+        DataPointSelection points;
+        TopQueryBuffer buffer;
+        EXPECT_EQ(command.applyToSelection(time, points, buffer), c.button);
+        EXPECT_EQ(points.usedIds(), c.points);
+        EXPECT_EQ(time.option() == TimeSelection::Between, c.button >= 0);
+    }
+}
+
+TEST(AboutInfo, TheOutsideComponentLineIsWhatTheComponentSays)
+{
+    // The line was fixed to "not installed" whatever the component said.
+    const struct
+    {
+        lorvane::OutsideComponentProbe probe;
+        const char* line;
+    } cases[] = {
+        {{}, "HALVXPWR.DLL Info: DLL file is not installed"},
+        {[] {
+             return lorvane::OutsideComponentStatus{false, {}};
+         },
+         "HALVXPWR.DLL Info: DLL file is not installed"},
+        {[] {
+             return lorvane::OutsideComponentStatus{true, "4.1.7"};
+         },
+         "HALVXPWR.DLL Info: DLL file is installed, version: 4.1.7"},
+    };
+    for (const auto& c : cases) {
+        lorvane::RunContext context;
+        context.outsideComponent = c.probe;
+        EXPECT_EQ(AboutInfo::gather(context).lines().last(), c.line);
+    }
 }
 
 TEST(AboutInfo, SizesAndLines)

@@ -4,6 +4,7 @@
 #include "platform/SqliteDatabase.h"
 #include "support/TestEnvironment.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -208,6 +209,19 @@ TEST(QueryCommand, BadInputIsRefusedWithItsMessageAndCode)
         << gone.err.toStdString();
     EXPECT_TRUE(gone.out.isEmpty());
 
+    // The scratch template is named as the viewer names it, not reported as a missing meter.
+    const QString noTemplate = dir.filePath(QStringLiteral("LorvaneTempQuery.DB"));
+    const ProcessResult withoutTemplate =
+        query(QStringList{QStringLiteral("limits"), QStringLiteral("--meter"), meterPath(),
+                          QStringLiteral("--template"), noTemplate} +
+              range);
+    EXPECT_EQ(withoutTemplate.exitCode, 2);
+    EXPECT_TRUE(withoutTemplate.err.startsWith(
+        QStringLiteral("lorvane-cli query: The scratch template LorvaneTempQuery.DB is missing.\n"
+                       "Template: ") +
+        noTemplate))
+        << withoutTemplate.err.toStdString();
+
     const ProcessResult badTime = query(
         {QStringLiteral("events"), QStringLiteral("--meter"), meterPath(), QStringLiteral("--from"),
          QStringLiteral("2024-13-40"), QStringLiteral("--to"), QStringLiteral("2024-03-05")});
@@ -216,4 +230,25 @@ TEST(QueryCommand, BadInputIsRefusedWithItsMessageAndCode)
         QStringLiteral("lorvane-cli: not a time (YYYY-MM-DD[ HH:MM:SS]): 2024-13-40\n")))
         << badTime.err.toStdString();
     EXPECT_TRUE(badTime.out.isEmpty());
+}
+
+TEST(QueryCommand, AMalformedStampIsADamagedFileNotACrash)
+{
+    // A stamp with a fraction in the time index made the query abort ("terminate called").
+    QTemporaryDir dir;
+    const QString damaged = dir.filePath(QStringLiteral("Damaged.DB"));
+    ASSERT_TRUE(QFile::copy(meterPath(), damaged));
+    SqliteDatabase(damaged, SqliteDatabase::Mode::ReadWrite)
+        .execute(QStringLiteral("UPDATE [HistLogTimeIndex_1_0] SET [Date/Time] = "
+                                "'2024-03-04 00:00:00.5' WHERE rowid = 1"));
+    const ProcessResult result = query(
+        {QStringLiteral("snapshots"), QStringLiteral("--meter"), damaged, QStringLiteral("--from"),
+         QStringLiteral("2024-03-04"), QStringLiteral("--to"), QStringLiteral("2024-03-05")});
+    EXPECT_EQ(result.exitCode, 4) << "no signal, the damaged-file code: "
+                                  << result.err.toStdString();
+    EXPECT_TRUE(result.err.startsWith(QStringLiteral(
+        "lorvane-cli query: This database is damaged: the time stamp \"2024-03-04 00:00:00.5\"")))
+        << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains(QStringLiteral("\n  file: ") + damaged))
+        << result.err.toStdString();
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // lorvane-cli status on simulated meters: one grid per file with what the simulator wrote, and
-// a clear grid for a file that is not there.
+// a clear grid and a non-zero exit for a file that is not there or is no database.
 #include "platform/SqliteDatabase.h"
 #include "support/TestEnvironment.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -83,11 +84,32 @@ TEST(CliStatus, OneGridPerFileWithTheSimulatedContents)
         QJsonDocument::fromJson(partial.out.toUtf8()).array().at(0).toObject();
     EXPECT_EQ(cell(damaged, QStringLiteral("Number of data points")), QStringLiteral("N/A"));
     EXPECT_EQ(cell(damaged, QStringLiteral("Device ID")), QStringLiteral("HX3-000002"));
-
-    const auto missing =
-        runProgram(QStringLiteral("lorvane-cli"),
-                   {QStringLiteral("status"), dir.filePath(QStringLiteral("none.DB"))});
-    EXPECT_EQ(missing.exitCode, 2);
-    EXPECT_TRUE(missing.out.contains(QStringLiteral("Cannot display information.")));
     EXPECT_EQ(runProgram(QStringLiteral("lorvane-cli"), {QStringLiteral("status")}).exitCode, 1);
+}
+
+TEST(CliStatus, AFileThatCannotBeReadGetsItsGridAndANonZeroExit)
+{
+    QTemporaryDir dir;
+    const QString good = simulate(dir, QStringLiteral("good.DB"), 1);
+    const QString text = dir.filePath(QStringLiteral("notes.DB"));
+    QFile file(text);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("these are notes, not a database\n");
+    file.close();
+    // A file that was no database printed "Cannot display information." and exited 0.
+    const struct
+    {
+        QString path;
+        int exitCode;
+        const char* message;
+    } cases[] = {{dir.filePath(QStringLiteral("none.DB")), 2, "file not found: "},
+                 {text, 3, "not a meter database or damaged: "}};
+    for (const auto& c : cases) {
+        const auto result =
+            runProgram(QStringLiteral("lorvane-cli"), {QStringLiteral("status"), good, c.path});
+        EXPECT_EQ(result.exitCode, c.exitCode) << c.message;
+        EXPECT_EQ(result.out.count(QStringLiteral("Cannot display information.")), 1);
+        EXPECT_TRUE(result.err.contains(QLatin1String(c.message) + c.path))
+            << result.err.toStdString();
+    }
 }

@@ -176,12 +176,21 @@ TEST(UpgradeCommand, EveryOlderSimulatedVersionReadsLikeTheCurrentOneAfterTheLad
         // number of logs written, so that table is left out of the second comparison).
         SqliteDatabase upgraded(path, SqliteDatabase::Mode::ReadOnly);
         SqliteDatabase old(original, SqliteDatabase::Mode::ReadOnly);
+        // The ladder's AllPQTestLogs has no NominalVoltage: only a meter that knows its
+        // nominal voltage writes that column.
+        const auto ladderColumns = [](const QString& table, QStringList columns) {
+            if (table == QLatin1String("AllPQTestLogs"))
+                columns.removeAll(QStringLiteral("NominalVoltage"));
+            return sorted(columns);
+        };
         for (const TableLayout& layout : currentSchema.fileTables()) {
-            EXPECT_EQ(sorted(upgraded.columns(layout.name())), sorted(layout.columnNames()))
+            EXPECT_EQ(sorted(upgraded.columns(layout.name())),
+                      ladderColumns(layout.name(), layout.columnNames()))
                 << layout.name().toStdString();
         }
         for (const QString& table : upgraded.tables()) {
-            EXPECT_EQ(sorted(upgraded.columns(table)), sorted(reference.columns(table)))
+            EXPECT_EQ(sorted(upgraded.columns(table)),
+                      ladderColumns(table, reference.columns(table)))
                 << table.toStdString();
         }
         for (const QString& table : old.tables()) {
@@ -255,17 +264,10 @@ TEST(UpgradeCommand, KilledDuringTheHourTableWalkResumesFromAWholeVersion)
     QProcess walker;
     walker.start(test::programPath(QStringLiteral("upgrade_walker")), {path, QStringLiteral("40")});
     ASSERT_TRUE(walker.waitForStarted());
-    static const QRegularExpression progress(QStringLiteral("^table (\\d+) of (\\d+)$"));
     bool reached = false;
-    qint64 hourTables = 0;
     while (!reached && walker.waitForReadyRead(20000)) {
-        while (walker.canReadLine()) {
-            const auto match = progress.match(QString::fromUtf8(walker.readLine()).trimmed());
-            if (match.hasMatch() && match.captured(1).toInt() == 30) {
-                reached = true;
-                hourTables = match.captured(2).toLongLong();
-            }
-        }
+        while (walker.canReadLine())
+            reached = reached || walker.readLine().trimmed() == "table 30";
     }
     ASSERT_TRUE(reached) << walker.readAllStandardError().toStdString();
     walker.kill(); // SIGKILL: no clean-up of any kind
@@ -288,10 +290,10 @@ TEST(UpgradeCommand, KilledDuringTheHourTableWalkResumesFromAWholeVersion)
     EXPECT_EQ(resumed.value(QStringLiteral("steps")).toArray().first().toString(),
               QStringLiteral("UpdateDB2V8_3"));
     SqliteDatabase db(path, SqliteDatabase::Mode::ReadOnly);
-    EXPECT_EQ(db.scalar(QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE name LIKE "
-                                       "'HistLogTimeIndex!_%' ESCAPE '!' AND sql LIKE "
-                                       "'%ProfileIndex%'"))
-                  .toLongLong(),
-              hourTables);
-    EXPECT_GT(hourTables, 80);
+    const QString hourTables = QStringLiteral(
+        "SELECT COUNT(*) FROM sqlite_master WHERE name LIKE 'HistLogTimeIndex!_%' ESCAPE '!'");
+    const qint64 all = db.scalar(hourTables).toLongLong();
+    EXPECT_EQ(db.scalar(hourTables + QStringLiteral(" AND sql LIKE '%ProfileIndex%'")).toLongLong(),
+              all);
+    EXPECT_GT(all, 80);
 }

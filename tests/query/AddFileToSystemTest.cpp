@@ -5,12 +5,14 @@
 
 #include "SelectionSimMeters.h"
 #include "platform/Fault.h"
+#include "platform/LoadProgress.h"
 #include "platform/SqliteDatabase.h"
 #include "query/DataPointSelection.h"
 #include "query/DefaultSelection.h"
 #include "query/MeterTable.h"
 #include "query/TopQueryBuffer.h"
 #include "store/MeterDatabase.h"
+#include "store/MeterMessages.h"
 #include "support/MeterFileBuilder.h"
 
 #include <QFile>
@@ -160,15 +162,81 @@ TEST(AddFileToSystem, RefusalsKeepTheEarlierEntryAndSayWhy)
               (QStringList{QStringLiteral("No Meter"), standard.hardwareName}));
 }
 
-TEST(AddFileToSystem, ReadOnlyFileIsSaidAndStillOpened)
+TEST(AddFileToSystem, ReadOnlyFileIsOpenedAtTheNewestLayoutAndRefusedBelowIt)
 {
     Window w;
-    const QString path = w.sim.meter(QStringLiteral("talmo"));
-    ASSERT_TRUE(QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::ReadGroup));
-    const auto outcome = w.open(path);
-    EXPECT_TRUE(outcome.added);
-    ASSERT_FALSE(outcome.messages.isEmpty());
-    EXPECT_EQ(outcome.messages.first(), QStringLiteral("talmo.DB file attribute is read-only."));
+    const QString current = w.sim.meter(QStringLiteral("talmo"));
+    // An old read-only file bypassed the ladder and failed later with raw SQL text ("no
+    // such column: firmwareinfo3"): it cannot be upgraded, so it cannot be read.
+    const QString old75 = w.plainMeter(7.5, QStringLiteral("old75.DB"));
+    const QString old82 = w.plainMeter(8.2, QStringLiteral("old82.DB"));
+    for (const QString& path : {current, old75, old82})
+        ASSERT_TRUE(QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::ReadGroup));
+
+    const auto opened = w.open(current);
+    EXPECT_TRUE(opened.added);
+    EXPECT_EQ(opened.messages,
+              QStringList{QStringLiteral("talmo.DB file attribute is read-only.")});
+
+    const struct
+    {
+        QString path;
+        const char* version;
+    } refused[] = {{old75, "7.5"}, {old82, "8.2"}};
+    for (const auto& file : refused) {
+        const QString name = QFileInfo(file.path).fileName();
+        const auto outcome = w.open(file.path, 1);
+        EXPECT_FALSE(outcome.added) << file.version;
+        EXPECT_EQ(outcome.messages,
+                  (QStringList{name + QStringLiteral(" file attribute is read-only."),
+                               name + QStringLiteral(" is at version ") + file.version +
+                                   QStringLiteral(" and must be upgraded before it can be read; "
+                                                  "clear its read-only attribute to let the "
+                                                  "program upgrade it.")}));
+        EXPECT_DOUBLE_EQ(versionOf(file.path), QString(file.version).toDouble());
+        EXPECT_TRUE(w.table.device(1).filePath.isEmpty());
+    }
+}
+
+TEST(AddFileToSystem, TheLadderShowsItsProgressAndItsCancelRefusesTheFile)
+{
+    // The ladder ran with no progress: a large 8.2 file froze the window without a word.
+    class Watcher : public LoadProgress
+    {
+    public:
+        void status(const QString& text) override { texts << text; }
+        QStringList texts;
+        QList<double> shares;
+        bool cancelAtHourTables = false;
+
+    protected:
+        void showFraction(std::optional<double> fraction) override
+        {
+            shares << fraction.value_or(-1);
+        }
+        void serve() override
+        {
+            if (cancelAtHourTables && !texts.isEmpty())
+                requestCancel();
+        }
+    };
+    Window w;
+    for (const bool cancel : {false, true}) {
+        const QString path = w.plainMeter(8.2, QStringLiteral("v82_%1.DB").arg(cancel));
+        Watcher watcher;
+        watcher.cancelAtHourTables = cancel;
+        const auto outcome = w.add.run(path, QFileInfo(path).fileName(), 0, &watcher);
+        EXPECT_EQ(watcher.texts, QStringList{MeterMessages::updatingTo83()});
+        ASSERT_FALSE(watcher.shares.isEmpty());
+        EXPECT_DOUBLE_EQ(watcher.shares.first(), 0);
+        EXPECT_EQ(outcome.added, !cancel) << outcome.messages.join('|').toStdString();
+        EXPECT_DOUBLE_EQ(versionOf(path), cancel ? 8.2 : 8.6);
+        if (cancel) {
+            EXPECT_EQ(outcome.messages.last(),
+                      QStringLiteral("The upgrade of v82_1.DB was cancelled; the file keeps its "
+                                     "version."));
+        }
+    }
 }
 
 TEST(MeterTable, TwoMetersCombosAndTheSelectedDeviceType)

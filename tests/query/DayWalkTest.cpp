@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "query/DayWalk.h"
 
+#include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
-#include "query/LoadProgress.h"
 #include "query/QueryCatalog.h"
 #include "store/MeterSchema.h"
 #include "store/TempQueryDatabase.h"
@@ -25,10 +25,21 @@ class RecordingProgress : public LoadProgress
 {
 public:
     void status(const QString& text) override { lines << text; }
-    bool cancelRequested() override { return ++asked > cancelAfter; }
     QStringList lines;
+    QList<double> fractions;
     int asked = 0;
     int cancelAfter = 1000;
+
+protected:
+    void showFraction(std::optional<double> fraction) override
+    {
+        fractions << fraction.value_or(-1);
+    }
+    void serve() override
+    {
+        if (++asked > cancelAfter)
+            requestCancel();
+    }
 };
 
 QDateTime at(const char* text)
@@ -199,6 +210,8 @@ TEST(DayWalk, ReadsTheDaysOfTheRangeFromEveryFile)
     EXPECT_EQ(visited.size(), 5);
     EXPECT_TRUE(progress.lines.contains(QStringLiteral("Loading limits queries")));
     EXPECT_TRUE(progress.lines.contains(QStringLiteral("Open device file: Meter B")));
+    // The bar stood still: the four days of the range are the walk's known total.
+    EXPECT_EQ(progress.fractions, QList<double>({0, 0.25, 0.5, 0.75, 1}));
     EXPECT_EQ(digest(a), before) << "reading a meter file must not change it";
     EXPECT_TRUE(
         db.hasRows(QStringLiteral("SELECT 1 FROM pragma_database_list WHERE name = 'main'")));

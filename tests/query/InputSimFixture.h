@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A simulated meter and a scratch database for the status log view tests.
-#include "query/LoadProgress.h"
+#include "platform/LoadProgress.h"
 #include "query/QueryContext.h"
 #include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"

@@ -6,7 +6,7 @@
 
 #include "WaveformSimMeters.h"
 #include "platform/SqliteDatabase.h"
-#include "query/LoadProgress.h"
+#include "platform/LoadProgress.h"
 #include "query/PqGrid.h"
 #include "query/QueryContext.h"
 #include "query/SetupRecordViews.h"

@@ -75,23 +75,24 @@ TEST(ScratchCleanup, RunningCopiesKeepTheirFilesAndStaleOnesGo)
     EXPECT_TRUE(
         second.path().endsWith(QStringLiteral("_PID_%1.TempQuery").arg(second.processId())));
 
-    // Left over by earlier crashed runs: a plain and a hidden working file; other files stay.
-    const QString crashed =
-        folder + QStringLiteral("/tempqueryfile_2020_1_2_3_4_5_PID_1.TempQuery");
-    const QString hidden =
-        folder + QStringLiteral("/.tempqueryfile_2020_1_2_3_4_6_PID_2.TempQuery");
+    // Left over by earlier crashed runs: a plain and a hidden working file, and a copy a crash
+    // interrupted before it was renamed (a stale ".part" was never removed); other files stay.
+    const QStringList stale{
+        folder + QStringLiteral("/tempqueryfile_2020_1_2_3_4_5_PID_1.TempQuery"),
+        folder + QStringLiteral("/.tempqueryfile_2020_1_2_3_4_6_PID_2.TempQuery"),
+        folder + QStringLiteral("/tempqueryfile_2020_1_2_3_4_7_PID_3.TempQuery.part")};
     const QString unrelated = folder + QStringLiteral("/notes.txt");
-    for (const QString& path : {crashed, hidden, unrelated})
+    for (const QString& path : stale + QStringList{unrelated})
         writeFile(path);
 
     // This process's own file is never touched by its own clean-up.
     auto own = TempQueryDatabase::create(shippedTemplate(), folder, 999999);
 
-    EXPECT_EQ(TempQueryDatabase::removeStaleFiles(folder), 2);
+    EXPECT_EQ(TempQueryDatabase::removeStaleFiles(folder), 3);
     for (const QString& path : {first.path(), second.path(), own->path(), unrelated})
         EXPECT_TRUE(QFileInfo::exists(path)) << qPrintable(path);
-    EXPECT_FALSE(QFileInfo::exists(crashed));
-    EXPECT_FALSE(QFileInfo::exists(hidden));
+    for (const QString& path : stale)
+        EXPECT_FALSE(QFileInfo::exists(path)) << qPrintable(path);
     own->database().execute(QStringLiteral("DELETE FROM AllQueries"));
 
     // A killed copy leaves its file; the next clean-up takes it and only it.

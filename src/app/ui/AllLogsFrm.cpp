@@ -303,7 +303,8 @@ QString AllLogsFrm::splitLogMarker() const
 
 void AllLogsFrm::Command2_Click(int index)
 {
-    if (index < 0 || index >= ViewButtons::count)
+    // While long work runs the commands are grey; a call that still arrives is refused.
+    if (index < 0 || index >= ViewButtons::count || m_context.work.busy())
         return;
     ViewDispatch::Request request;
     try {
@@ -312,6 +313,10 @@ void AllLogsFrm::Command2_Click(int index)
     } catch (const Fault& fault) {
         userMessages().show(fault.message(), UserMessages::Icon::Critical);
         emit programEndRequested();
+        return;
+    } catch (const std::exception& error) {
+        // A meter file that fails while the button checks it: the selection stays as it was.
+        userMessages().show(QString::fromLocal8Bit(error.what()), UserMessages::Icon::Warning);
         return;
     }
     showMessages(request.messages, UserMessages::Icon::Warning);
@@ -342,6 +347,8 @@ void AllLogsFrm::Command2_Click(int index)
 
 void AllLogsFrm::Command3_Click(int index)
 {
+    if (m_context.work.busy())
+        return;
     switch (index) {
     case 0:
     case 1: {
@@ -387,14 +394,35 @@ void AllLogsFrm::Command3_Click(int index)
 
 bool AllLogsFrm::openMeterFile(const QString& path, int meterIndex)
 {
+    // A meter is compared with the scratch database: without it the reason is told here, at
+    // the first use, and not as a fault of the meter file.
+    if (!m_context.scratch) {
+        userMessages().show(m_context.scratchProblem, UserMessages::Icon::Critical);
+        return false;
+    }
+    // The upgrade ladder serves window events: no other work may start meanwhile.
+    WorkGuard::Scope scope = m_context.work.enter();
+    if (!scope)
+        return false;
+    std::unique_ptr<LoadProgress> progress = progressFactory ? progressFactory() : nullptr;
+    scope.watch(progress.get());
     AddFileToSystem::Outcome outcome;
     try {
-        outcome = m_session.addFile().run(path, QFileInfo(path).fileName(), meterIndex);
+        outcome = m_session.addFile().run(path, QFileInfo(path).fileName(), meterIndex,
+                                          progress.get());
     } catch (const Fault& fault) {
         userMessages().show(fault.message(), UserMessages::Icon::Critical);
         emit programEndRequested();
         return false;
+    } catch (const std::exception& error) {
+        outcome.messages << QFileInfo(path).fileName() + QStringLiteral(": ") +
+                                QString::fromLocal8Bit(error.what());
+    } catch (...) {
+        outcome.messages << QFileInfo(path).fileName() + QStringLiteral(": ") +
+                                userText("310099", "The file could not be opened") + u'.';
     }
+    scope.watch(nullptr);
+    progress.reset();
     showMessages(outcome.messages,
                  outcome.added ? UserMessages::Icon::Information : UserMessages::Icon::Warning);
     if (outcome.added) {
@@ -419,6 +447,14 @@ void AllLogsFrm::autoLoadNewestFile()
         userMessages().show(newest.refusal, UserMessages::Icon::Warning);
     else if (!newest.path.isEmpty())
         openMeterFile(newest.path, 0);
+}
+
+void AllLogsFrm::settingsApplied()
+{
+    // A closed meter 2 may have been part of the last queries of the view buttons.
+    if (m_meters.setConfiguredDevices(m_context.settings.maxDeviceLogNumber))
+        m_buffer.ClearTopQueryBuffer(true);
+    DoReFresh();
 }
 
 void AllLogsFrm::DoReFresh()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/LoadProgress.h"
 #include "platform/UserMessages.h"
 #include "query/SelectionSession.h"
 
@@ -40,6 +41,8 @@ public:
     void autoLoadNewestFile();
     /// Rebuilds the tree, the combo boxes, the view buttons and the selection labels.
     void DoReFresh();
+    /// System Properties changed the settings: takes the meter count up at once.
+    void settingsApplied();
     /// View button `index` (0 to 14) may be pressed.
     bool viewButtonEnabled(int index) const;
     /// The open meters.
@@ -56,6 +59,8 @@ public:
     std::function<bool()> runDataPointDialog;                      // SelDataPoints exec
     std::function<bool()> runTimeRangeDialog;                      // SelTimeRange exec
     std::function<QString(const QString& dmlPath)> chooseSplitLog; // frmDeviceMasterLog
+    /// The watcher of a meter's opening (the frame gives the wait window); none = silent.
+    std::function<std::unique_ptr<LoadProgress>()> progressFactory;
 
 signals:
     /// The grid window shows this view (ViewDispatch::Request of a grid button).

@@ -2,6 +2,7 @@
 #include "LorvaneStartupHost.h"
 
 #include "TalLorvane.h"
+#include "platform/ui/ApplyFont.h"
 
 #include <QApplication>
 
@@ -18,6 +19,8 @@ void LorvaneStartupHost::beep()
 
 void LorvaneStartupHost::loadMainFrame(RunContext& context)
 {
+    // The catalogue is installed by now; every window the frame loads takes its font.
+    ApplyFont();
     m_frame = std::make_unique<TalLorvane>(context);
 }
 

@@ -174,6 +174,7 @@ bool SysSetupFrm::applyClicked()
         return false;
     }
     showFields();
+    emit settingsApplied();
     return true;
 }
 

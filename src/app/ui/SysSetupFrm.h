@@ -50,6 +50,9 @@ public:
 signals:
     /// "&Help" was pressed.
     void helpRequested(const QString& topic);
+    /// OK or Apply wrote the file and read section `LocalSystem` back into the settings: the
+    /// windows that hold something derived from them take it up now.
+    void settingsApplied();
 
 private:
     QWidget* buildGeneralPage();

@@ -6,9 +6,7 @@
 #include "SysSetupFrm.h"
 #include "WaitFrm.h"
 #include "app/AboutInfo.h"
-#include "app/CommandLine.h"
 #include "app/HelpTopics.h"
-#include "app/OpenLogRequest.h"
 #include "app/PrinterCheck.h"
 #include "app/RunContext.h"
 #include "frmProgress.h"
@@ -17,6 +15,7 @@
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
 #include "platform/ui/SingleInstanceChannel.h"
+#include "app/StartCommand.h"
 #include "store/TempQueryDatabase.h"
 #include "waveform/ui/TalWaveGraphPE.h"
 #include "waveform/ui/WaveGraphSetup.h"
@@ -29,11 +28,13 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPrinterInfo>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
+#include <utility>
 
 namespace lorvane {
 
@@ -133,10 +134,17 @@ void TalLorvane::createChildren()
     m_gridWindow = m_mdiArea->addSubWindow(m_grid);
     m_gridWindow->setAttribute(Qt::WA_DeleteOnClose, false);
     m_gridWindow->hide();
-    m_grid->setProgressFactory([this]() -> std::unique_ptr<LoadProgress> {
+    const auto waitWindow = [this]() -> std::unique_ptr<LoadProgress> {
         auto wait = std::make_unique<WaitFrm>(m_context, this);
         wait->show();
         return wait;
+    };
+    m_grid->setProgressFactory(waitWindow);
+    m_selection->progressFactory = waitWindow;
+    // While long work runs the commands that would start more work are grey.
+    m_context.work.onBusyChanged([frame = QPointer<TalLorvane>(this)](bool busy) {
+        if (frame)
+            frame->enableCommands(!busy);
     });
 
     m_progress = new frmProgress(this);
@@ -165,6 +173,11 @@ void TalLorvane::createChildren()
 TalWaveGraphPE* TalLorvane::openWaveform(const QueryNumbers& numbers, const QList<qint32>& series,
                                          int position, const QString& caption)
 {
+    // Loading a capture reads the scratch database and serves events: it is long work.
+    WorkGuard::Scope work = m_context.work.enter();
+    if (!work)
+        return nullptr;
+    work.watch(m_progress);
     auto* window = new TalWaveGraphPE(m_context);
     window->setProgressWindow(m_progress);
     connect(window, &TalWaveGraphPE::helpRequested, this, &TalLorvane::showHelp);
@@ -188,8 +201,8 @@ void TalLorvane::buildMenus()
     file->addSeparator();
 
     QMenu* edit = menuBar()->addMenu(userText("100002", "&Edit"));
-    edit->addAction(userText("100003", "&System Properties"), this,
-                    &TalLorvane::showSystemProperties);
+    m_systemProperties = edit->addAction(userText("100003", "&System Properties"), this,
+                                         &TalLorvane::showSystemProperties);
     m_waveformDisplay = edit->addAction(userText("100004", "&Waveform Display"), this, [this] {
         auto* setup = new WaveGraphSetup(m_context.paths.settingsFile, this);
         setup->setAttribute(Qt::WA_DeleteOnClose);
@@ -243,9 +256,19 @@ QString TalLorvane::statusText(int pane) const
 
 void TalLorvane::mirrorViewButtons()
 {
+    const bool idle = !m_context.work.busy();
     for (int index = 0; index < m_viewActions.size(); ++index)
-        m_viewActions[index]->setEnabled(m_selection->viewButtonEnabled(index));
-    m_exportPqdif->setEnabled(m_selection->viewButtonEnabled(pqdifButton));
+        m_viewActions[index]->setEnabled(idle && m_selection->viewButtonEnabled(index));
+    m_exportPqdif->setEnabled(idle && m_selection->viewButtonEnabled(pqdifButton));
+}
+
+void TalLorvane::enableCommands(bool enabled)
+{
+    for (QAction* action : m_selectActions)
+        action->setEnabled(enabled);
+    m_systemProperties->setEnabled(enabled);
+    m_selection->setEnabled(enabled);
+    mirrorViewButtons();
 }
 
 void TalLorvane::showSelectionWindow()
@@ -268,9 +291,10 @@ void TalLorvane::firstActivation()
     m_activated = true;
     if (!m_context.technicianMode)
         checkPrinter();
-    const CommandLine command = CommandLine::parse(m_context.commandLine, QDate::currentDate());
-    if (!command.path.isEmpty())
-        applyCommandLine(m_context.commandLine);
+    const StartCommand command =
+        StartCommand::fromCommandLine(m_context.commandLine, QDate::currentDate());
+    if (!command.path().isEmpty())
+        runCommand(command);
     else if (m_context.settings.autoLoadDBs)
         m_selection->autoLoadNewestFile();
 }
@@ -286,25 +310,21 @@ void TalLorvane::checkPrinter()
 
 void TalLorvane::applyCommandLine(const QString& text)
 {
-    if (text.trimmed().isEmpty())
-        return;
-    const CommandLine command = CommandLine::parse(text, QDate::currentDate());
-    if (command.path.isEmpty() || !openAsMeterOne(command.path))
-        return;
+    runCommand(StartCommand::fromCommandLine(text, QDate::currentDate()));
+}
+
+bool TalLorvane::runCommand(const StartCommand& command)
+{
+    if (command.path().isEmpty() || !openAsMeterOne(command.path()))
+        return false;
     if (!m_selection->meters().device(0).used)
-        return;
-    if (command.timeGiven)
-        m_selection->timeSelection().acceptBetween(command.firstRecordTime, command.lastRecordTime,
-                                                   m_selection->topQueryBuffer());
-    const QList<qint32> channels = command.channelIds();
-    if (!channels.isEmpty()) {
-        m_selection->dataPoints().setIds(channels);
-        m_selection->topQueryBuffer().ClearTopQueryBuffer(true);
-    }
+        return false;
+    const int button = command.applyToSelection(
+        m_selection->timeSelection(), m_selection->dataPoints(), m_selection->topQueryBuffer());
     m_selection->DoReFresh();
-    const int button = CommandLine::viewButton(command.logId);
     if (button >= 0)
         m_selection->Command2_Click(button);
+    return true;
 }
 
 bool TalLorvane::openAsMeterOne(const QString& path)
@@ -338,13 +358,14 @@ void TalLorvane::DDETimer_Timer()
     m_ddeTimer->stop();
     if (m_busy)
         return;
-    m_busy = true;
-    bool opened = false;
-    if (!m_pendingCommand.isEmpty()) {
-        const OpenLogRequest request = OpenLogRequest::parse(m_pendingCommand);
-        if (request.opensLog())
-            opened = openAsMeterOne(request.path);
+    // A request that arrives during long work runs after it: the timer asks again.
+    if (m_context.work.busy()) {
+        m_ddeTimer->start();
+        return;
     }
+    m_busy = true;
+    const bool opened =
+        runCommand(StartCommand::fromRequest(m_pendingCommand, QDate::currentDate()));
     if (opened) {
         if (isMinimized())
             showNormal();
@@ -433,6 +454,7 @@ void TalLorvane::showSystemProperties()
         this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &SysSetupFrm::helpRequested, this, &TalLorvane::showHelp);
+    connect(dialog, &SysSetupFrm::settingsApplied, m_selection, &AllLogsFrm::settingsApplied);
     dialog->open();
 }
 
@@ -452,6 +474,20 @@ bool TalLorvane::eventFilter(QObject* watched, QEvent* event)
 
 void TalLorvane::closeEvent(QCloseEvent* event)
 {
+    // Long work holds the scratch database: the close waits until the work has seen the
+    // cancel and ended, and then runs again.
+    if (m_context.work.busy()) {
+        event->ignore();
+        if (!m_closeWaiting) {
+            m_closeWaiting = true;
+            m_context.work.stopThen([frame = QPointer<TalLorvane>(this)] {
+                if (frame)
+                    QTimer::singleShot(0, frame, &QWidget::close);
+            });
+        }
+        return;
+    }
+    const bool confirmed = std::exchange(m_closeWaiting, false);
     // Leaving from the grid may be a slip of &Back: the grid window asks first. While the grid
     // is shown it covers the selection window, so the front child is the top visible one of
     // the others (a graph window opened over the grid is in front of it).
@@ -461,7 +497,7 @@ void TalLorvane::closeEvent(QCloseEvent* event)
             front = child;
     }
     const bool fromGrid = front != nullptr && front == m_gridWindow;
-    if (fromGrid && !m_grid->confirmExit()) {
+    if (fromGrid && !confirmed && !m_grid->confirmExit()) {
         event->ignore();
         return;
     }

@@ -15,6 +15,7 @@ namespace lorvane {
 
 class AllLogsFrm;
 class SingleInstanceChannel;
+class StartCommand;
 class TalHistView;
 class TalWaveGraphPE;
 struct QueryNumbers;
@@ -73,6 +74,9 @@ public:
     /// Runs a start command: opens its database as meter 1, sets its time range and channels
     /// and presses the button of its view.
     void applyCommandLine(const QString& text);
+    /// Runs `command` (a start command or a request of another copy); true when its database
+    /// was opened as meter 1.
+    bool runCommand(const StartCommand& command);
 
     /// Opens the capture at `position` of `series` (RecCounters of the grid's waveform rows)
     /// in a waveform window of its own; null when it does not load (the message was shown).
@@ -98,6 +102,8 @@ private:
     void firstActivation();
     void checkPrinter();
     void mirrorViewButtons();
+    /// The commands that start work: grey while long work runs.
+    void enableCommands(bool enabled);
     void showGrid();
     void backToSelection();
     void fillWindowList(QMenu* menu);
@@ -118,12 +124,15 @@ private:
     QList<QAction*> m_viewActions;
     QAction* m_exportPqdif = nullptr;
     QAction* m_waveformDisplay = nullptr;
+    QAction* m_systemProperties = nullptr;
     QList<QLabel*> m_statusPanes;
     QTimer* m_ddeTimer = nullptr;
     QString m_pendingCommand;
     bool m_busy = false;
     bool m_activated = false;
     bool m_activationQueued = false;
+    /// A close came during long work and runs once the work has ended.
+    bool m_closeWaiting = false;
     int m_removedScratchFiles = 0;
 };
 

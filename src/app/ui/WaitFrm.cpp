@@ -20,6 +20,8 @@ namespace {
 
 constexpr int pictureSize = 40;
 constexpr int tickMilliseconds = 100;
+/// The bar counts thousandths of the work.
+constexpr int barSteps = 1000;
 
 QString colourName(const RunContext::Colour& colour)
 {
@@ -96,10 +98,14 @@ QString WaitFrm::message(int line) const
     return m_lines[static_cast<size_t>(line)]->text();
 }
 
-void WaitFrm::setProgress(int value, int maximum)
+void WaitFrm::showFraction(std::optional<double> fraction)
 {
-    m_bar->setRange(0, qMax(0, maximum));
-    m_bar->setValue(value);
+    if (!fraction) {
+        m_bar->setRange(0, 0);
+        return;
+    }
+    m_bar->setRange(0, barSteps);
+    m_bar->setValue(int(*fraction * barSteps + 0.5));
 }
 
 void WaitFrm::status(const QString& text)
@@ -108,10 +114,9 @@ void WaitFrm::status(const QString& text)
     QCoreApplication::processEvents();
 }
 
-bool WaitFrm::cancelRequested()
+void WaitFrm::serve()
 {
     QCoreApplication::processEvents();
-    return m_cancelled;
 }
 
 void WaitFrm::Timer1_Timer()
@@ -127,7 +132,7 @@ void WaitFrm::Timer1_Timer()
 void WaitFrm::cancelClicked()
 {
     // The button goes grey at once: a second click cannot reach the load again.
-    m_cancelled = true;
+    requestCancel();
     m_cancel->setEnabled(false);
     setWindowTitle(m_title + u' ' + userText("309002", "Cancel operation in progress") + u'.');
 }

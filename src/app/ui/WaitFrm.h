@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "query/LoadProgress.h"
+#include "platform/LoadProgress.h"
 
 #include <QDialog>
 #include <array>
@@ -33,22 +33,27 @@ public:
 
     /// Line 0 replaces "Please wait", lines 1 and 2 the second and third lines.
     void SetMessage(int line, const QString& text);
-    /// The bar at `value` of `maximum`; a maximum of 0 makes it a busy bar.
-    void setProgress(int value, int maximum);
-    /// The user pressed "&Cancel".
-    bool cancelled() const { return m_cancelled; }
+    /// The user pressed "&Cancel" (or the frame asked the work to stop).
+    bool cancelled() const { return cancelPending(); }
     /// Text of message line `line` (0 to 2).
     QString message(int line) const;
     /// Frame counter of the moving picture, 0 to 17.
     int animationFrame() const { return m_frame; }
     /// The cancel button, for the keyboard and the tests.
     QPushButton* cancelButton() const { return m_cancel; }
+    /// The bar: steps of a thousandth of the work, or a busy bar (range 0 to 0).
+    QProgressBar* bar() const { return m_bar; }
 
     /// A load's progress text goes to the second line.
     void status(const QString& text) override;
-    /// Serves the window's events so that a click on "&Cancel" gets through, then answers.
-    bool cancelRequested() override;
 
+protected:
+    /// A known share moves the bar; an unknown one makes it the busy bar.
+    void showFraction(std::optional<double> fraction) override;
+    /// Serves the window's events so that a click on "&Cancel" gets through.
+    void serve() override;
+
+public:
     /// One tick of the animation timer (also driven by the timer itself).
     void Timer1_Timer();
 
@@ -57,7 +62,6 @@ private:
     void drawFrame();
 
     QString m_title;
-    bool m_cancelled = false;
     int m_frame = 0;
     std::array<QLabel*, 3> m_lines{};
     QLabel* m_picture = nullptr;

@@ -4,6 +4,7 @@
 #include "app/ProgressTimeStamp.h"
 #include "platform/UserText.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -38,7 +39,7 @@ frmProgress::frmProgress(QWidget* parent) : QDialog(parent)
 
 void frmProgress::Start(const QString& title)
 {
-    m_cancelled = false;
+    clearCancel();
     m_cancel->setEnabled(true);
     m_list->clear();
     m_bar->setValue(0);
@@ -50,7 +51,7 @@ void frmProgress::Start(const QString& title)
 
 void frmProgress::AddMessage(const QString& text)
 {
-    if (m_cancelled)
+    if (cancelPending())
         return;
     appendLine(ProgressTimeStamp::text(m_clock.elapsed()) + text);
 }
@@ -71,6 +72,20 @@ void frmProgress::setProgress(int value)
     m_bar->setValue(value);
 }
 
+void frmProgress::showFraction(std::optional<double> fraction)
+{
+    // Thousandths of the work, or the busy bar for work of unknown length.
+    constexpr int steps = 1000;
+    m_bar->setRange(0, fraction ? steps : 0);
+    if (fraction)
+        m_bar->setValue(int(*fraction * steps + 0.5));
+}
+
+void frmProgress::serve()
+{
+    QCoreApplication::processEvents();
+}
+
 QStringList frmProgress::messages() const
 {
     QStringList lines;
@@ -83,7 +98,7 @@ void frmProgress::cancelClicked()
 {
     // The cancel note goes in before the flag, which silences every later message.
     AddMessage(userText("309052", "User has cancelled the process...please wait.."));
-    m_cancelled = true;
+    requestCancel();
     m_cancel->setEnabled(false);
 }
 

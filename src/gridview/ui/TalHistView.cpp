@@ -183,28 +183,42 @@ void TalHistView::setProgressFactory(std::function<std::unique_ptr<LoadProgress>
     m_progressFactory = std::move(factory);
 }
 
-void TalHistView::showRequest(const ViewDispatch::Request& request, TopQueryBuffer& buffer)
+bool TalHistView::showRequest(const ViewDispatch::Request& request, TopQueryBuffer& buffer)
 {
-    m_session.setRequest(request, &buffer);
-    LoadQuery(request.fresh);
+    // The request is taken inside the guarded work: one that arrives while another load runs
+    // must not change what that load fills.
+    const bool ran = runGuarded([&](LoadProgress* progress) {
+        m_session.setRequest(request, &buffer);
+        setWindowTitle(LogViewSession::windowTitle(m_context.shortName, logKind()));
+        m_session.LoadQuery(request.fresh, progress);
+    });
+    if (ran)
+        showGrids();
+    return ran;
 }
 
 void TalHistView::LoadQuery(bool fresh)
 {
-    setWindowTitle(LogViewSession::windowTitle(m_context.shortName, logKind()));
-    runGuarded([this, fresh](LoadProgress* progress) { m_session.LoadQuery(fresh, progress); });
-    showGrids();
+    const bool ran = runGuarded([this, fresh](LoadProgress* progress) {
+        setWindowTitle(LogViewSession::windowTitle(m_context.shortName, logKind()));
+        m_session.LoadQuery(fresh, progress);
+    });
+    if (ran)
+        showGrids();
 }
 
-void TalHistView::runGuarded(const std::function<void(LoadProgress*)>& work)
+bool TalHistView::runGuarded(const std::function<void(LoadProgress*)>& work)
 {
-    // The loads serve window events at their steps: a second click must not start another.
-    if (m_busy)
-        return;
-    m_busy = true;
+    // The loads serve window events at their steps: no other work may start meanwhile.
+    WorkGuard::Scope scope = m_context.work.enter();
+    if (!scope)
+        return false;
+    // The settings as they are now: System Properties may have changed them since the last.
+    m_session.setBase(baseContext(m_context));
     for (QPushButton* button : m_commands)
         button->setEnabled(false);
     std::unique_ptr<LoadProgress> progress = m_progressFactory ? m_progressFactory() : nullptr;
+    scope.watch(progress.get());
     QString failure;
     try {
         work(progress.get());
@@ -215,10 +229,14 @@ void TalHistView::runGuarded(const std::function<void(LoadProgress*)>& work)
                   error.detail();
     } catch (const std::exception& error) {
         failure = QString::fromLocal8Bit(error.what());
+    } catch (...) {
+        failure = userText("406142", "The load failed for an unknown reason") + u'.';
     }
-    m_busy = false;
+    scope.watch(nullptr);
+    progress.reset();
     if (!failure.isEmpty())
         userMessages().show(failure, UserMessages::Icon::Warning, windowTitle());
+    return true;
 }
 
 void TalHistView::showGrids()
@@ -347,9 +365,10 @@ void TalHistView::showCaption(int gridIndex)
 void TalHistView::step(int delta)
 {
     bool changed = false;
-    runGuarded([this, delta, &changed](LoadProgress* progress) {
-        changed = m_session.step(delta, progress);
-    });
+    if (!runGuarded([this, delta, &changed](LoadProgress* progress) {
+            changed = m_session.step(delta, progress);
+        }))
+        return;
     if (changed)
         showGrids();
     else
@@ -371,8 +390,8 @@ void TalHistView::typeChosen(int index)
 {
     if (m_filling)
         return;
-    runGuarded([this, index](LoadProgress*) { m_session.setTypeChoice(index); });
-    showGrids();
+    if (runGuarded([this, index](LoadProgress*) { m_session.setTypeChoice(index); }))
+        showGrids();
 }
 
 void TalHistView::sortChosen(int index)
@@ -381,8 +400,8 @@ void TalHistView::sortChosen(int index)
         return;
     SortState sort = m_session.sort();
     sort.item = index;
-    runGuarded([this, sort](LoadProgress*) { m_session.setSort(sort); });
-    showGrids();
+    if (runGuarded([this, sort](LoadProgress*) { m_session.setSort(sort); }))
+        showGrids();
 }
 
 void TalHistView::openSort()
@@ -395,8 +414,8 @@ void TalHistView::openSort()
     if (dialog.exec() != QDialog::Accepted)
         return;
     const SortState sort = dialog.state();
-    runGuarded([this, sort](LoadProgress*) { m_session.setSort(sort); });
-    showGrids();
+    if (runGuarded([this, sort](LoadProgress*) { m_session.setSort(sort); }))
+        showGrids();
 }
 
 int TalHistView::selectedRow() const

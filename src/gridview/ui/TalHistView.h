@@ -2,7 +2,7 @@
 #pragma once
 
 #include "gridview/LogViewSession.h"
-#include "query/LoadProgress.h"
+#include "platform/LoadProgress.h"
 #include "query/QueryCatalog.h"
 #include "query/ViewDispatch.h"
 
@@ -48,8 +48,9 @@ public:
     explicit TalHistView(RunContext& context, QWidget* parent = nullptr);
     ~TalHistView() override;
 
-    /// Takes the fields of a view button press and runs LoadQuery(request.fresh).
-    void showRequest(const ViewDispatch::Request& request, TopQueryBuffer& buffer);
+    /// Takes the fields of a view button press and runs LoadQuery(request.fresh); false,
+    /// with nothing changed, while other long work runs.
+    bool showRequest(const ViewDispatch::Request& request, TopQueryBuffer& buffer);
     /// Runs the loaders (`fresh`) or shows the buffered query of the pressing button.
     void LoadQuery(bool fresh);
     /// The kind shown (the last request's).
@@ -106,9 +107,9 @@ private:
     int selectedRow() const;
     /// A view of `kind` is shown whose grid can be re-sorted.
     bool loadedKind(LogKind kind) const;
-    /// Runs `work` with a progress watcher; a failure is told in a message box and the
-    /// window keeps what it showed.
-    void runGuarded(const std::function<void(LoadProgress*)>& work);
+    /// Runs `work` with a progress watcher unless other long work runs (false); a failure is
+    /// told in a message box and the window keeps what it showed.
+    bool runGuarded(const std::function<void(LoadProgress*)>& work);
 
     RunContext& m_context;
     LogViewSession m_session;
@@ -126,7 +127,6 @@ private:
     QTabBar* m_captions = nullptr;
     QStackedWidget* m_stack = nullptr;
     bool m_filling = false;
-    bool m_busy = false;
 };
 
 } // namespace lorvane

@@ -32,21 +32,24 @@ QString SingleInstanceChannel::defaultName(const QString& systemFolder)
     return QStringLiteral("lorvane-requests-") + user + u'-' + QString::fromLatin1(folder);
 }
 
-bool SingleInstanceChannel::send(const QString& name, const QString& command, int timeoutMs)
+SingleInstanceChannel::Delivery SingleInstanceChannel::send(const QString& name,
+                                                            const QString& command, int timeoutMs)
 {
     QLocalSocket socket;
     socket.connectToServer(name);
     if (!socket.waitForConnected(timeoutMs))
-        return false;
+        return Delivery::NoCopy;
     QDataStream out(&socket);
     out << command;
-    if (!socket.waitForBytesWritten(timeoutMs))
-        return false;
-    // The answer says that a copy took the command; its refusal still counts as delivered.
-    if (!socket.waitForReadyRead(timeoutMs))
-        return false;
+    if (!socket.waitForBytesWritten(timeoutMs) || !socket.waitForReadyRead(timeoutMs))
+        return Delivery::NoAnswer;
+    QDataStream in(&socket);
+    bool accepted = false;
+    in >> accepted;
     socket.disconnectFromServer();
-    return true;
+    if (in.status() != QDataStream::Ok)
+        return Delivery::NoAnswer;
+    return accepted ? Delivery::Accepted : Delivery::Refused;
 }
 
 bool SingleInstanceChannel::listen()

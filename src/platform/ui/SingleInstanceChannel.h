@@ -23,8 +23,16 @@ public:
     /// The socket name of this user's copies of the installation in `systemFolder`: copies of
     /// two installations are two programs and do not talk.
     static QString defaultName(const QString& systemFolder);
-    /// Sends `command` to the copy listening on `name`; false when none answers in time.
-    static bool send(const QString& name, const QString& command, int timeoutMs = 3000);
+    /// What became of a command sent to a running copy.
+    enum class Delivery
+    {
+        NoCopy,   ///< no copy listens: the sender runs on its own
+        Accepted, ///< the running copy took the command
+        Refused,  ///< the running copy answered no (another command is pending or running)
+        NoAnswer, ///< a copy took the connection but gave no answer in time
+    };
+    /// Sends `command` to the copy listening on `name` and waits for its answer.
+    static Delivery send(const QString& name, const QString& command, int timeoutMs = 3000);
     /// Starts listening; false when another copy already listens (or the socket cannot be
     /// made). A name left behind by a crashed copy is taken over.
     bool listen();

@@ -6,10 +6,16 @@
 #include "app/ui/AboutLorvane.h"
 #include "app/ui/AllLogsFrm.h"
 #include "app/ui/LorvaneStartupHost.h"
+#include "app/ui/SysSetupFrm.h"
 #include "app/ui/TalLorvane.h"
 #include "gridview/ui/TalHistView.h"
+#include "platform/RegistryAccess.h"
+#include "platform/SqliteDatabase.h"
+#include "platform/StringCatalog.h"
 #include "platform/SystemFolder.h"
 #include "platform/UserMessages.h"
+#include "platform/UserText.h"
+#include "platform/WorkGuard.h"
 #include "platform/ui/SingleInstanceChannel.h"
 #include "support/TestEnvironment.h"
 #include "support/TestMeters.h"
@@ -20,16 +26,25 @@
 #include <QAbstractItemModel>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTableView>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
+#include <utility>
 
 using lorvane::LogKind;
 using lorvane::RecordedMessages;
@@ -75,6 +90,7 @@ public:
     }
 
     const TemporaryInstallation& installation() const { return m_installation; }
+    TalLorvane* mainFrame() { return m_host.mainFrame(); }
     const QString& meterPath() const { return m_meter; }
     RecordedMessages& messages() { return m_messages; }
     lorvane::RunContext& context() { return m_context; }
@@ -112,6 +128,54 @@ private:
     lorvane::RunContext m_context;
     lorvane::LorvaneStartupHost m_host;
 };
+
+/// Runs `action` once, on the first event turn after a load's wait window was shown: the
+/// load is running then, and the action arrives where the load serves window events.
+class DuringLoad : public QObject
+{
+public:
+    explicit DuringLoad(std::function<void()> action) : m_action(std::move(action))
+    {
+        qApp->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (m_action && event->type() == QEvent::Show &&
+            watched->objectName() == QLatin1String("WaitFrm"))
+            QTimer::singleShot(0, qApp, std::exchange(m_action, {}));
+        return false;
+    }
+
+private:
+    std::function<void()> m_action;
+};
+
+const QString snapshotCommand = QStringLiteral("LOGID:2 FRT:030424000000 LRT:030524120000 "
+                                               "CHA:21017,20617 \"");
+
+/// The frame closed in the middle of a snapshot load; returns what went wrong, empty when
+/// the program waited for the load to stop and then ended cleanly.
+QString closeDuringLoad()
+{
+    FrameRun run;
+    if (!run.simulateMeter())
+        return QStringLiteral("no meter");
+    bool loadRunning = false;
+    DuringLoad closing([&] {
+        loadRunning = run.context().work.busy();
+        run.mainFrame()->close();
+    });
+    TalLorvane* frame = run.start(snapshotCommand + run.meterPath() + u'"');
+    if (!frame)
+        return QStringLiteral("no frame");
+    if (!loadRunning)
+        return QStringLiteral("the close did not arrive during the load");
+    if (!waitFor([frame] { return !frame->isVisible(); }))
+        return QStringLiteral("the frame stayed open after the load");
+    if (run.context().scratch)
+        return QStringLiteral("the scratch database stayed open");
+    return {};
+}
 
 QStringList texts(const QList<QAction*>& actions)
 {
@@ -220,6 +284,70 @@ TEST(FrameWindows, CommandLineOpensTheMeterWithItsRangeChannelsAndView)
     // LOGID 2 is the Snapshots button: the grid shows log kind 3.
     EXPECT_TRUE(frame->gridSubWindow()->isVisible());
     EXPECT_EQ(frame->gridWindow()->logKind(), LogKind::Snapshots);
+}
+
+TEST(FrameWindows, ClosingTheFrameDuringALoadWaitsForTheLoadToStopAndEndsCleanly)
+{
+    // The close freed the scratch database under the running load: SIGSEGV. In a process of
+    // its own, so that a crash is seen as a signal.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            const QString failure = closeDuringLoad();
+            std::fprintf(stderr, "%s\n", qPrintable(failure));
+            std::exit(failure.isEmpty() ? 0 : 1);
+        },
+        ::testing::ExitedWithCode(0), "");
+}
+
+TEST(FrameWindows, ViewCommandsDuringALoadAreGreyAndRefused)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    // "Database Status" pressed while snapshots loaded left "[Database Status]" over them.
+    bool menuEnabled = true;
+    DuringLoad pressing([&] {
+        TalLorvane* frame = run.mainFrame();
+        menuEnabled = frame->viewDataActions()[0]->isEnabled();
+        frame->viewDataActions()[0]->trigger();
+        frame->selectionWindow()->Command2_Click(0);
+    });
+    TalLorvane* frame = run.start(snapshotCommand + run.meterPath() + u'"');
+    ASSERT_NE(frame, nullptr);
+    EXPECT_FALSE(menuEnabled);
+    EXPECT_EQ(frame->gridWindow()->logKind(), 3);
+    EXPECT_FALSE(frame->gridWindow()->windowTitle().contains("Database Status"))
+        << frame->gridWindow()->windowTitle().toStdString();
+    EXPECT_TRUE(frame->viewDataActions()[0]->isEnabled()) << "the menus come back afterwards";
+}
+
+TEST(FrameWindows, SystemPropertiesApplyAtOnceToTheSelectionAndTheGrid)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    TalLorvane* frame = run.start(QString());
+    ASSERT_NE(frame, nullptr);
+    lorvane::AllLogsFrm* selection = frame->selectionWindow();
+    ASSERT_EQ(selection->meters().maxDevices(), 2);
+
+    // OK and Apply reached the grids and the selection only after a restart.
+    frame->showSystemProperties();
+    auto* dialog = frame->findChild<lorvane::SysSetupFrm*>();
+    ASSERT_NE(dialog, nullptr);
+    dialog->maxDevicesEdit()->setText("1");
+    dialog->dataFormatBox()->setCurrentText("0.000");
+    ASSERT_TRUE(dialog->applyClicked());
+    dialog->reject();
+    EXPECT_EQ(selection->meters().maxDevices(), 1);
+
+    frame->applyCommandLine(snapshotCommand + run.meterPath() + u'"');
+    const QList<lorvane::GridTable> grids = frame->gridWindow()->session().result().grids;
+    ASSERT_FALSE(grids.isEmpty());
+    ASSERT_FALSE(grids.first().rows.isEmpty()) << run.messages().texts().join('\n').toStdString();
+    // The last column holds a value of the second data point, in the chosen format.
+    const QString value = grids.first().rows.first().last();
+    EXPECT_TRUE(QRegularExpression(R"(^-?\d+\.\d{3}$)").match(value).hasMatch())
+        << value.toStdString();
 }
 
 TEST(FrameWindows, ClosingFromTheGridAsksAndARowNumberGoesToTheStatusBar)
@@ -340,7 +468,7 @@ TEST(FrameWindows, OpenLogRequestsAreTakenOneAtATime)
     EXPECT_TRUE(run.messages().texts().isEmpty());
 }
 
-TEST(FrameWindows, ASecondCopyHandsItsFileToTheRunningFrame)
+TEST(FrameWindows, ASecondCopyHandsItsWholeCommandLineToTheRunningFrame)
 {
     FrameRun run;
     ASSERT_TRUE(run.simulateMeter());
@@ -352,25 +480,97 @@ TEST(FrameWindows, ASecondCopyHandsItsFileToTheRunningFrame)
     frame->attachChannel(channel);
     const QStringList scratchBefore = run.installation().scratchFiles();
 
+    // The copy runs beside the meter and names it relative to its own folder.
+    const auto startCopy = [&](QProcess& copy) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        copy.setProcessEnvironment(environment);
+        copy.setWorkingDirectory(QFileInfo(run.meterPath()).absolutePath());
+        copy.start(lorvane::test::programPath("lorvane"),
+                   {"LOGID:2", "FRT:030424000000", "LRT:030524120000", "CHA:21017,20617",
+                    QFileInfo(run.meterPath()).fileName()});
+        return waitFor([&] { return copy.state() == QProcess::NotRunning; });
+    };
+
+    // A copy that had a command pending refused the request, and the sender said so.
+    {
+        lorvane::WorkGuard::Scope work = run.context().work.enter();
+        ASSERT_TRUE(frame->acceptCommand("OPENLOG /held/while/work/runs.DB"));
+        QProcess refused;
+        ASSERT_TRUE(startCopy(refused)) << "the refused copy did not end";
+        EXPECT_EQ(refused.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(refused.exitCode(), 3);
+        EXPECT_TRUE(refused.readAllStandardError().contains("refused"));
+    }
+    ASSERT_TRUE(waitFor([frame] { return !frame->commandBusy(); }));
+    run.messages().clear();
+
+    // Only "OPENLOG {path}" was handed over: the range, channels and view were lost.
     QProcess second;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("QT_QPA_PLATFORM", "offscreen");
-    second.setProcessEnvironment(environment);
-    second.start(lorvane::test::programPath("lorvane"), {run.meterPath()});
-    ASSERT_TRUE(waitFor([&] { return second.state() == QProcess::NotRunning; }))
-        << "the second copy did not end";
+    ASSERT_TRUE(startCopy(second)) << "the second copy did not end";
     EXPECT_EQ(second.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(second.exitCode(), 0) << second.readAllStandardError().toStdString();
-
     ASSERT_TRUE(waitFor([frame] {
         return !frame->commandBusy() && frame->selectionWindow()->meters().device(0).used;
     }));
+    lorvane::AllLogsFrm* selection = frame->selectionWindow();
+    EXPECT_EQ(selection->timeSelection().option(), lorvane::TimeSelection::Between);
+    EXPECT_EQ(selection->timeSelection().startTime(), QDateTime(QDate(2024, 3, 4), QTime(0, 0)));
+    EXPECT_EQ(selection->dataPoints().usedIds(), QList<qint32>({21017, 20617}));
+    EXPECT_EQ(frame->gridWindow()->logKind(), 3) << run.messages().texts().join('\n').toStdString();
     // The second copy started nothing of its own.
     EXPECT_EQ(run.installation().scratchFiles(), scratchBefore);
 
     // A third listener on the same name is refused while this one serves.
     lorvane::SingleInstanceChannel another(channel.name());
     EXPECT_FALSE(another.listen());
+}
+
+TEST(FrameWindows, ATranslationThatNamesItsFontShowsEveryWindowInIt)
+{
+    FrameRun run;
+    const QString translation = run.installation().root() + "/Lorvane_el.DB";
+    {
+        lorvane::SqliteDatabase db(translation, lorvane::SqliteDatabase::Mode::Create);
+        db.executeScript("CREATE TABLE DBID (pFontName TEXT, pFileVer TEXT, pFontCharSet INTEGER, "
+                         "pIsUnicode INTEGER, LastRun TEXT);"
+                         "INSERT INTO DBID VALUES ('DejaVu Serif', '1.0', 161, -1, NULL);"
+                         "CREATE TABLE MAIN (IndexValue INTEGER, TextValue TEXT, "
+                         "TranslatedValue TEXT);");
+    }
+    ASSERT_TRUE(lorvane::RegistryAccess().writeUserSetting("QLMLanguages", "StringTable",
+                                                           "LookupFile", translation));
+    const QFont before = QApplication::font();
+    // The font the translation names was never applied: windows kept the default font.
+    TalLorvane* frame = run.start(QString());
+    ASSERT_NE(frame, nullptr);
+    const QString frameFont = frame->font().families().value(0);
+    const QString selectionFont = frame->selectionWindow()->font().families().value(0);
+    frame->close();
+    QApplication::setFont(before);
+    lorvane::installStringCatalog(nullptr);
+    EXPECT_EQ(frameFont, "DejaVu Serif");
+    EXPECT_EQ(selectionFont, "DejaVu Serif");
+}
+
+TEST(FrameWindows, AMissingScratchTemplateIsNamedAtTheFirstOpenedMeter)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    const QString templatePath = run.installation().dataFolder() + "/Resource/LorvaneTempQuery.DB";
+    ASSERT_TRUE(QFile::remove(templatePath));
+    TalLorvane* frame = run.start(QString());
+    ASSERT_NE(frame, nullptr);
+    run.messages().clear();
+    // A good meter was reported as missing under an empty path.
+    EXPECT_FALSE(frame->selectionWindow()->openMeterFile(run.meterPath(), 0));
+    ASSERT_EQ(run.messages().texts().size(), 1);
+    const QString message = run.messages().texts().first();
+    EXPECT_TRUE(message.startsWith("The scratch template LorvaneTempQuery.DB is missing.\n"
+                                   "Template: "))
+        << message.toStdString();
+    EXPECT_TRUE(message.contains(QDir::toNativeSeparators(templatePath))) << message.toStdString();
+    EXPECT_FALSE(message.contains(run.meterPath())) << "the meter is not at fault";
 }
 
 TEST(FrameWindows, AboutShowsTheRunsFiles)

@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -40,8 +41,16 @@ TEST(WaitWindow, MessagesAnimationAndOneCancel)
     wait.SetMessage(3, "ignored");
     EXPECT_EQ(wait.message(1), "Day 03/04/2024");
     EXPECT_EQ(wait.message(2), "Hour 12");
-    wait.setProgress(40, 100);
+    // The bar stood still whatever the load knew: a known share moves it, an unknown length
+    // makes it the busy bar.
+    EXPECT_EQ(wait.bar()->maximum(), 0);
+    wait.advance(40, 100);
+    EXPECT_EQ(wait.bar()->value() * 100 / wait.bar()->maximum(), 40);
     EXPECT_TRUE(lorvane::test::saveScreenshot(&wait, "wait-window"));
+    wait.setFraction(std::nullopt);
+    EXPECT_EQ(wait.bar()->maximum(), 0);
+    wait.advance(3, 2);
+    EXPECT_EQ(wait.bar()->value(), wait.bar()->maximum()) << "a share above the whole is full";
 
     // The picture turns through 18 frames and starts again.
     const int first = wait.animationFrame();
@@ -69,7 +78,8 @@ TEST(ProgressWindow, TimeStampedMessagesUntilCancelled)
     progress.setProgressMax(4);
     progress.setProgress(2);
     progress.AddMessage("Header read");
-    progress.AddMessage("Channels converted");
+    // As a watcher of the progress contract a step's text is a message line.
+    progress.status("Channels converted");
     const QRegularExpression stamped(R"(^\(\d\d:\d\d:\d\d\d\) )");
     QStringList lines = progress.messages();
     ASSERT_EQ(lines.size(), 3);
@@ -81,6 +91,7 @@ TEST(ProgressWindow, TimeStampedMessagesUntilCancelled)
 
     progress.cancelButton()->click();
     EXPECT_TRUE(progress.Cancelled());
+    EXPECT_TRUE(progress.cancelRequested());
     EXPECT_FALSE(progress.cancelButton()->isEnabled());
     progress.AddMessage("Written after the cancel");
     progress.cancelButton()->click();
@@ -91,6 +102,7 @@ TEST(ProgressWindow, TimeStampedMessagesUntilCancelled)
     // A new operation starts afresh.
     progress.Start("Capture 18 of Meter 1");
     EXPECT_FALSE(progress.Cancelled());
+    EXPECT_FALSE(progress.cancelRequested());
     EXPECT_EQ(progress.messages().size(), 1);
 }
 

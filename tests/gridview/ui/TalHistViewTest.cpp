@@ -85,8 +85,8 @@ struct Window
 class CancellingProgress : public LoadProgress
 {
 public:
+    CancellingProgress() { requestCancel(); }
     void status(const QString&) override {}
-    bool cancelRequested() override { return true; }
 };
 
 } // namespace
