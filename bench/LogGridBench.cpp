@@ -29,11 +29,7 @@ class PumpingProgress : public LoadProgress
 {
 public:
     void status(const QString&) override {}
-    bool cancelRequested() override
-    {
-        QCoreApplication::processEvents();
-        return false;
-    }
+    void serve() override { QCoreApplication::processEvents(); }
 };
 
 /// Ticks of a 10 ms timer per second while `work` runs.

@@ -133,7 +133,6 @@ TEST(PqView, RecordsLinksAndCapturesOfOneMeterFile)
     struct Lines : LoadProgress
     {
         void status(const QString& text) override { lines << text; }
-        bool cancelRequested() override { return false; }
         QStringList lines;
     } progress;
     QueryContext context =
