@@ -4,6 +4,7 @@
 #include "SamplePlacement.h"
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
+#include "WaveformTimeBase.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "store/StampedTime.h"
@@ -179,8 +180,7 @@ void WaveformRecordLoader::LoadDatabaseSamples(int mode, int direction,
     if (mode == 0) {
         channels.resize(record.sampleCount);
         channels.recorded.fill(false);
-        channels.time = timeAxis(record.sampleRate, record.deviceTypeId, record.systemFrequency,
-                                 record.sampleCount);
+        channels.time = WaveformTimeBase::axis(record, record.sampleCount);
         channels.labels = SamplePlacement::labels(record);
         const bool byWaveStart = record.deviceTypeId == 4;
         sql =
@@ -216,20 +216,6 @@ qint32 WaveformRecordLoader::sampleCount(int sampleRate, int deviceTypeId, const
     if (sampleRate == 512)
         return 4096;
     return sampleRate == 16 && deviceTypeId == 0 ? 960 : 1024;
-}
-
-QVector<float> WaveformRecordLoader::timeAxis(int sampleRate, int deviceTypeId, int systemFrequency,
-                                              int count)
-{
-    QVector<float> axis(qMax(0, count));
-    if (sampleRate <= 0)
-        return axis;
-    const double cycles = deviceTypeId == 0 && systemFrequency == 50 ? 50.0 : 60.0;
-    // The step is held in single precision, as the axis has always been built.
-    const float step = float(1.0 / sampleRate / cycles * 1000.0);
-    for (int i = 0; i < axis.size(); ++i)
-        axis[i] = QString::number(double(i) * double(step), 'f', 2).toFloat();
-    return axis;
 }
 
 QString WaveformRecordLoader::captureFilePath(const QString& dbPath, const QString& sample0)

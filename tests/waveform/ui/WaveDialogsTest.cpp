@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dialogs of the waveform window: display settings, properties and the composition set-up.
-#include "WaveWindowFixture.h"
 #include "platform/UserMessages.h"
 #include "support/TestEnvironment.h"
+#include "support/WaveWindowFixture.h"
 #include "support/ui/Screenshot.h"
 #include "waveform/WaveDisplaySettings.h"
 #include "waveform/ui/TalWaveGraphPE.h"
+#include "waveform/ui/WaveCapturePage.h"
+#include "waveform/ui/WaveCompositionPage.h"
+#include "waveform/ui/WaveGraphButtons.h"
 #include "waveform/ui/WaveGraphCompSetup.h"
 #include "waveform/ui/WaveGraphSetup.h"
+#include "waveform/ui/WaveInterharmonicPage.h"
 #include "waveform/ui/WavePropertyFrm.h"
 
 #include <QApplication>
@@ -113,7 +117,7 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     window.setMark(2, 30.0);
 
     int shownRows = 0;
-    window.setDialogRunner([&](QDialog& dialog) {
+    window.dialogs().setDialogRunner([&](QDialog& dialog) {
         auto* setup = qobject_cast<WaveGraphCompSetup*>(&dialog);
         if (!setup)
             return int(QDialog::Rejected);
@@ -136,8 +140,8 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     window.showCompositionSetup();
     EXPECT_GE(shownRows, 7);
     ASSERT_EQ(window.view(), 2);
-    ASSERT_EQ(window.compositionItems().size(), 2);
-    WaveStripChart* chart = window.compositionChart();
+    ASSERT_EQ(window.session().composition().items().size(), 2);
+    WaveStripChart* chart = window.compositionPage()->chart();
     EXPECT_EQ(chart->chart()->title(), QStringLiteral("Advanced Waveform Analysis"));
     EXPECT_EQ(chart->chart()->series().size(), 2);
     // The section keeps the 20 ms between the marks; both start at 0 ms.
@@ -148,8 +152,9 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     // The advanced view carries Command2; &Back returns to the capture.
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Advanced);
     for (int i = 0; i < TalWaveGraphPE::ViewCommandCount; ++i)
-        EXPECT_EQ(window.viewCommand(i)->isVisible(), i <= TalWaveGraphPE::ViewZoomOut) << i;
-    window.viewCommand(TalWaveGraphPE::ViewBack)->click();
+        EXPECT_EQ(window.buttons()->viewCommand(i)->isVisible(), i <= TalWaveGraphPE::ViewZoomOut)
+            << i;
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->click();
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
-    EXPECT_TRUE(window.command(TalWaveGraphPE::Advanced)->isVisible());
+    EXPECT_TRUE(window.buttons()->command(TalWaveGraphPE::Advanced)->isVisible());
 }
