@@ -4,7 +4,6 @@
 #include "WaveBarChart.h"
 #include "WaveCapturePage.h"
 #include "WaveCompositionPage.h"
-#include "WaveDrawStyle.h"
 #include "WaveGraphButtons.h"
 #include "WaveGraphDialogs.h"
 #include "WaveGraphMenu.h"
@@ -47,11 +46,6 @@ void TalWaveGraphPE::build()
     auto* layout = new QVBoxLayout(this);
     m_buttons = new WaveGraphButtons;
     layout->addWidget(m_buttons);
-    auto* printExport = new QMenu(this);
-    printExport->addAction(userText("503460", "Print Graph"), this, &TalWaveGraphPE::printGraphs);
-    printExport->addAction(userText("503459", "Export Graph"), this,
-                           &TalWaveGraphPE::exportPicture);
-    m_buttons->setPrintExportMenu(printExport);
     m_pages = new QStackedWidget;
     m_capturePage = new WaveCapturePage(m_session);
     m_ihPage = new WaveInterharmonicPage;
@@ -99,37 +93,36 @@ void TalWaveGraphPE::connectPages()
 bool TalWaveGraphPE::open(const QueryNumbers& numbers, const QList<qint32>& series, int position,
                           const QString& rangeText)
 {
-    setEnabled(false);
-    // The loader cannot stop half-way: its progress window offers no cancel.
-    m_progress.begin(userText("505013", "Opening the waveform capture"), false);
-    const WaveGraphSession::Outcome outcome = m_session.open(
-        numbers, series, position, rangeText, [this](const QString& t) { m_progress.step(t); });
-    afterLoad(outcome);
-    return outcome.ok;
+    return load([&](const WaveformCapture::Progress& progress) {
+        return m_session.open(numbers, series, position, rangeText, progress);
+    });
 }
 
 void TalWaveGraphPE::step(int delta)
 {
-    setEnabled(false);
-    m_progress.begin(userText("505013", "Opening the waveform capture"), false);
-    afterLoad(m_session.step(delta, [this](const QString& t) { m_progress.step(t); }));
+    load(
+        [&](const WaveformCapture::Progress& progress) { return m_session.step(delta, progress); });
 }
 
-void TalWaveGraphPE::afterLoad(const WaveGraphSession::Outcome& outcome)
+bool TalWaveGraphPE::load(
+    const std::function<WaveGraphSession::Outcome(const WaveformCapture::Progress&)>& run)
 {
+    setEnabled(false);
+    // The loader cannot stop half-way: its progress window offers no cancel.
+    m_progress.begin(userText("505013", "Opening the waveform capture"), false);
+    const WaveGraphSession::Outcome outcome = run([this](const QString& t) { m_progress.step(t); });
     m_progress.end();
     setEnabled(true);
     tell(outcome);
-    if (!m_session.isOpen()) {
-        refreshState();
-        return;
+    if (m_session.isOpen() && outcome.ok) {
+        setWindowTitle(m_session.capture().record().hardwareName + QStringLiteral(" - ") +
+                       m_session.caption());
+        m_capturePage->rebuild();
+        m_capturePage->setZoomMode(m_zoomMode);
+        m_pages->setCurrentIndex(0);
     }
-    setWindowTitle(m_session.capture().record().hardwareName + QStringLiteral(" - ") +
-                   m_session.caption());
-    m_capturePage->rebuild();
-    m_capturePage->setZoomMode(m_zoomMode);
-    m_pages->setCurrentIndex(0);
     refresh();
+    return outcome.ok;
 }
 
 void TalWaveGraphPE::tell(const WaveGraphSession::Outcome& outcome)
@@ -163,14 +156,10 @@ void TalWaveGraphPE::refreshState()
 
 TalWaveGraphPE::State TalWaveGraphPE::state() const
 {
-    switch (view()) {
-    case 1:
-        return State::Interharmonic;
-    case 2:
-        return State::Advanced;
-    default:
-        return m_session.detailsOn() ? State::Detail : State::Global;
-    }
+    static constexpr std::array<State, 3> views{State::Global, State::Interharmonic,
+                                                State::Advanced};
+    const State shown = views.at(view());
+    return shown == State::Global && m_session.detailsOn() ? State::Detail : shown;
 }
 
 int TalWaveGraphPE::view() const
@@ -217,15 +206,12 @@ void TalWaveGraphPE::undoZoom()
 
 void TalWaveGraphPE::zoomOutAll()
 {
-    if (view() == 1) {
+    if (view() == 1)
         m_ihPage->zoomOut();
-        return;
-    }
-    (view() == 2 ? m_compositionPage->zoom() : m_session.zoom()).zoomOut();
-    if (view() == 2)
-        m_compositionPage->chart()->setAutomaticY();
-    for (int i = 0; view() == 0 && m_capturePage->strip(i); ++i)
-        m_capturePage->strip(i)->setAutomaticY();
+    else if (view() == 2)
+        m_compositionPage->zoomOut();
+    else
+        m_capturePage->zoomOut();
     refresh();
 }
 
@@ -236,21 +222,9 @@ void TalWaveGraphPE::setZoomMode(WaveStripChart::ZoomMode mode)
     m_compositionPage->chart()->setZoomMode(mode);
 }
 
-void TalWaveGraphPE::setDetailsOn(bool on)
+void TalWaveGraphPE::setToggle(void (WaveGraphSession::*toggle)(bool), bool on)
 {
-    m_session.setDetailsOn(on);
-    refresh();
-}
-
-void TalWaveGraphPE::setNeutralOn(bool on)
-{
-    m_session.setNeutralOn(on);
-    refresh();
-}
-
-void TalWaveGraphPE::setInputsOn(bool on)
-{
-    m_session.setInputsOn(on);
+    (m_session.*toggle)(on);
     refresh();
 }
 
@@ -279,11 +253,6 @@ void TalWaveGraphPE::exportData()
 void TalWaveGraphPE::exportPicture()
 {
     m_dialogs.exportPicture(viewGraphs(), windowTitle());
-}
-
-bool TalWaveGraphPE::exportGraph(int index, const QString& path)
-{
-    return WaveGraphDialogs::exportGraph(viewGraphs(), index, path);
 }
 
 void TalWaveGraphPE::printGraphs()
@@ -317,9 +286,7 @@ void TalWaveGraphPE::resetInterharmonicMark()
 void TalWaveGraphPE::setInterharmonicFrequency(int hz)
 {
     m_session.interharmonic().setSystemFrequency(hz, InterharmonicAnalysis::FrequencySource::Menu);
-    WaveDisplaySettings stored = WaveDisplaySettings::read(m_settingsFile);
-    stored.interHarmonicFreq = hz;
-    stored.write(m_settingsFile);
+    WaveDisplaySettings::writeInterHarmonicFreq(m_settingsFile, hz);
 }
 
 bool TalWaveGraphPE::showInterharmonic()
@@ -340,9 +307,7 @@ bool TalWaveGraphPE::showInterharmonic()
         tell({false, result.message, true});
         return false;
     }
-    const WaveDisplaySettings& s = m_session.settings();
-    m_ihPage->show(std::move(result), WaveDrawStyle::color(s.drawColor(m_session.focus())),
-                   WaveDrawStyle::color(s.foreColor), WaveDrawStyle::color(s.backColor));
+    m_ihPage->show(std::move(result), m_session.settings(), m_session.focus());
     m_pages->setCurrentIndex(1);
     setRmsShown(m_buttons->check(CheckRms)->isChecked());
     refreshState();
@@ -357,10 +322,7 @@ void TalWaveGraphPE::showInterharmonicGraph(int command)
 
 void TalWaveGraphPE::setRmsShown(bool on)
 {
-    QStringList lines;
-    for (const auto& [label, rms] : m_session.captureRms())
-        lines << label + QStringLiteral(" = ") + QString::number(rms, 'f', 2);
-    m_ihPage->setTraceText(on ? lines.join(u'\n') : QString());
+    m_ihPage->setRms(on ? m_session.captureRms() : QList<std::pair<QString, double>>());
 }
 
 void TalWaveGraphPE::showCapture()

@@ -106,13 +106,11 @@ public:
     void zoomOutAll();
     void setZoomMode(WaveStripChart::ZoomMode mode);
     WaveStripChart::ZoomMode zoomMode() const { return m_zoomMode; }
-    void setDetailsOn(bool on);
-    void setNeutralOn(bool on);
-    void setInputsOn(bool on);
+    void setDetailsOn(bool on) { setToggle(&WaveGraphSession::setDetailsOn, on); }
+    void setNeutralOn(bool on) { setToggle(&WaveGraphSession::setNeutralOn, on); }
+    void setInputsOn(bool on) { setToggle(&WaveGraphSession::setInputsOn, on); }
     void exportData();
     void exportPicture();
-    /// Writes graph `index` of `graphNames()` to `path` (".svg" SVG, else PNG).
-    bool exportGraph(int index, const QString& path);
     void printGraphs();
     /// The user's note: asks for its text, then the next click places it.
     void editNote();
@@ -159,8 +157,11 @@ protected:
 private:
     void build();
     void connectPages();
-    void afterLoad(const WaveGraphSession::Outcome& outcome);
+    /// Runs an open or a step with the progress shown, then shows the capture.
+    bool
+    load(const std::function<WaveGraphSession::Outcome(const WaveformCapture::Progress&)>& run);
     void refresh();
+    void setToggle(void (WaveGraphSession::*toggle)(bool), bool on);
     void refreshState();
     void tell(const WaveGraphSession::Outcome& outcome);
     QList<std::pair<QString, QChartView*>> viewGraphs() const;

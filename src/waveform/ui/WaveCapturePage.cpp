@@ -151,6 +151,13 @@ void WaveCapturePage::setZoomMode(WaveStripChart::ZoomMode mode)
         chart->setZoomMode(mode);
 }
 
+void WaveCapturePage::zoomOut()
+{
+    m_session.zoom().zoomOut();
+    for (WaveStripChart* chart : std::as_const(m_charts))
+        chart->setAutomaticY();
+}
+
 WaveStripChart* WaveCapturePage::strip(int index) const
 {
     return index >= 0 && index < m_charts.size() ? m_charts.at(index) : nullptr;

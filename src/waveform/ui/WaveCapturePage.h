@@ -33,6 +33,8 @@ public:
     /// harmonics, the range and the scroll bar.
     void refresh();
     void setZoomMode(WaveStripChart::ZoomMode mode);
+    /// The whole capture with automatic y on every strip.
+    void zoomOut();
 
     /// Chart of strip `index`; nullptr when there is none.
     WaveStripChart* strip(int index) const;

@@ -48,6 +48,12 @@ void WaveCompositionPage::show(QList<WaveGraphSession::CompositionCurve> curves,
     refresh();
 }
 
+void WaveCompositionPage::zoomOut()
+{
+    m_zoom.zoomOut();
+    m_chart->setAutomaticY();
+}
+
 void WaveCompositionPage::refresh()
 {
     m_chart->setXRange(m_zoom.range().x0, m_zoom.range().x1);

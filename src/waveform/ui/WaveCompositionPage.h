@@ -26,6 +26,8 @@ public:
     WaveStripChart* chart() const { return m_chart; }
     WaveZoomStack& zoom() { return m_zoom; }
     WaveMarks& marks() { return m_marks; }
+    /// The whole composition with automatic y.
+    void zoomOut();
     /// Shows the zoom range and the marks again.
     void refresh();
     const QList<WaveGraphSession::CompositionCurve>& curves() const { return m_curves; }

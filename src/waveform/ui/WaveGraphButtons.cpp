@@ -98,11 +98,6 @@ WaveGraphButtons::WaveGraphButtons(QWidget* parent) : QWidget(parent)
     top->addWidget(m_commands[closeButton], 0, Qt::AlignTop);
 }
 
-void WaveGraphButtons::setPrintExportMenu(QMenu* menu)
-{
-    m_viewCommands[2]->setMenu(menu);
-}
-
 void WaveGraphButtons::refresh(Set set, const WaveGraphSession& session, bool zoomed,
                                int shownGraph)
 {
@@ -140,6 +135,10 @@ void WaveGraphButtons::connectTo(TalWaveGraphPE& window)
 {
     TalWaveGraphPE* w = &window;
     WaveGraphSession& session = window.session();
+    auto* printExport = new QMenu(this);
+    printExport->addAction(userText("503460", "Print Graph"), w, &TalWaveGraphPE::printGraphs);
+    printExport->addAction(userText("503459", "Export Graph"), w, &TalWaveGraphPE::exportPicture);
+    m_viewCommands[2]->setMenu(printExport);
     const std::array<std::function<void()>, commandCount> commands{
         [w] { emit w->helpRequested(QStringLiteral("LRWaveform")); },
         [w] { w->printGraphs(); },

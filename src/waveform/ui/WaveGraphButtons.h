@@ -5,7 +5,6 @@
 #include <array>
 
 class QCheckBox;
-class QMenu;
 class QPushButton;
 class QStackedWidget;
 
@@ -42,10 +41,8 @@ public:
     QPushButton* command(int index) const { return m_commands.at(index); }
     QPushButton* viewCommand(int index) const { return m_viewCommands.at(index); }
     QCheckBox* check(int index) const { return m_checks.at(index); }
-    /// Sends every press to the window's command.
+    /// Sends every press to the window's command; &Print/Export gets its two choices.
     void connectTo(TalWaveGraphPE& window);
-    /// Receives the "Print Graph" and "Export Graph" choices of &Print/Export.
-    void setPrintExportMenu(QMenu* menu);
 
 signals:
     void commandPressed(int index);

@@ -2,6 +2,7 @@
 #include "WaveInterharmonicPage.h"
 
 #include "WaveBarChart.h"
+#include "WaveDrawStyle.h"
 #include "WaveStripChart.h"
 
 #include <QChart>
@@ -26,14 +27,16 @@ WaveInterharmonicPage::WaveInterharmonicPage(QWidget* parent) : QWidget(parent)
     showGraph(Graph::Trace);
 }
 
-void WaveInterharmonicPage::show(InterharmonicAnalysis::Result result, const QColor& color,
-                                 const QColor& fore, const QColor& back)
+void WaveInterharmonicPage::show(InterharmonicAnalysis::Result result,
+                                 const WaveDisplaySettings& settings, int channel)
 {
     m_result = std::move(result);
     m_trace->clearCurves();
     m_trace->setTitles(m_result.trace.title, m_result.trace.xTitle, m_result.trace.yTitle);
-    m_trace->addCurve(m_result.trace.subsetTitle, &m_result.time, &m_result.samples, color);
-    m_trace->setColors(fore, back);
+    m_trace->addCurve(m_result.trace.subsetTitle, &m_result.time, &m_result.samples,
+                      WaveDrawStyle::color(settings.drawColor(channel)));
+    m_trace->setColors(WaveDrawStyle::color(settings.foreColor),
+                       WaveDrawStyle::color(settings.backColor));
     m_spectrum->show(m_result.spectrum, QColor(0, 90, 170));
     m_groups->show(m_result.groups, QColor(170, 60, 0));
     showGraph(m_graph);
@@ -47,9 +50,12 @@ void WaveInterharmonicPage::showGraph(Graph graph)
     m_groups->setVisible(graph == Graph::Groups);
 }
 
-void WaveInterharmonicPage::setTraceText(const QString& text)
+void WaveInterharmonicPage::setRms(const QList<std::pair<QString, double>>& values)
 {
-    m_trace->setTextBlock(text);
+    QStringList lines;
+    for (const auto& [label, rms] : values)
+        lines << label + QStringLiteral(" = ") + QString::number(rms, 'f', 2);
+    m_trace->setTextBlock(lines.join(u'\n'));
 }
 
 void WaveInterharmonicPage::zoomOut()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "waveform/InterharmonicAnalysis.h"
+#include "waveform/WaveDisplaySettings.h"
 
 #include <QList>
 #include <QWidget>
@@ -31,13 +32,14 @@ public:
 
     explicit WaveInterharmonicPage(QWidget* parent = nullptr);
 
-    /// Draws `result` (kept here, the trace points into it) in `color` on the given colours.
-    void show(InterharmonicAnalysis::Result result, const QColor& color, const QColor& fore,
-              const QColor& back);
+    /// Draws `result` (kept here, the trace points into it) in the colours of `settings`, the
+    /// trace in the colour of `channel`.
+    void show(InterharmonicAnalysis::Result result, const WaveDisplaySettings& settings,
+              int channel);
     void showGraph(Graph graph);
     Graph graph() const { return m_graph; }
-    /// The text block of the trace (the RMS values); empty for none.
-    void setTraceText(const QString& text);
+    /// Writes the RMS of each (label, value) on the trace ("Van = 120.00"); none for empty.
+    void setRms(const QList<std::pair<QString, double>>& values);
     /// Automatic y and the whole window on every graph.
     void zoomOut();
     /// The graph shown, for "&Edit Graph".

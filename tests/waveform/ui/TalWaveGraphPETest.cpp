@@ -444,3 +444,53 @@ TEST(TalWaveGraphPE, YExtentsMoveAboutTheCentreWhenLocked)
     extents.apply();
     EXPECT_DOUBLE_EQ(chart->yMax(), 190) << "a text that is no number changes nothing";
 }
+
+TEST(TalWaveGraphPE, Fault1TheCursorStandsWhereTheClickWasAt512SamplesACycle)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(512), "range"));
+    window.show();
+    window.setMark(1, 20.0);
+    window.setMark(2, 60.0);
+    window.setDetailsOn(true);
+    window.clickAt(0, 100.0);
+    // The cursor was drawn at 108.5 ms, the step read back from the rounded axis.
+    const auto cursor = std::find_if(
+        window.capturePage()->strip(0)->annotations().cbegin(),
+        window.capturePage()->strip(0)->annotations().cend(),
+        [](const WaveMarks::Annotation& a) { return a.text == QStringLiteral("Cursor"); });
+    ASSERT_NE(cursor, window.capturePage()->strip(0)->annotations().cend());
+    EXPECT_NEAR(cursor->x, 100.0, 0.01);
+    EXPECT_EQ(window.session().statistics().window.start, 3071);
+    lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-512-cursor-details"));
+    window.setDetailsOn(false);
+    lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-512-cursor-marks"));
+}
+
+TEST(TalWaveGraphPE, Fault7BackFromTheInterharmonicViewKeepsTheCaptureAsItWasLeft)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(64), "tone"));
+    window.show();
+    window.setMark(1, 5.0);
+    window.clickAt(3, 1.0);
+    window.zoomTo(2.0, 40.0);
+    window.placeInterharmonicMark(26.3);
+    const QVector<float> before = window.capture().channels().samples.at(3);
+    ASSERT_EQ(window.capture().record().windowStart, 100);
+    ASSERT_TRUE(window.showInterharmonic()) << messages.texts().join(u'\n').toStdString();
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->click();
+    EXPECT_EQ(window.view(), 0);
+    EXPECT_TRUE(window.session().marks().isSet(1));
+    EXPECT_TRUE(window.session().cursorMs().has_value());
+    EXPECT_EQ(window.session().zoom().depth(), 1);
+    EXPECT_DOUBLE_EQ(window.capturePage()->strip(3)->xMin(), 2.0);
+    EXPECT_EQ(window.capture().record().windowStart, 100);
+    EXPECT_EQ(window.capture().channels().samples.at(3), before);
+}
