@@ -69,6 +69,10 @@ bool WaveformCapture::open(SqliteDatabase& scratch, const QueryNumbers& numbers,
                                 .arg(recCounter)
                                 .arg(problem));
             m_channels.labels = SamplePlacement::labels(m_record);
+            for (int c = 0; c < WaveformChannels::analogCount; ++c) {
+                if (!m_channels.recorded.at(c))
+                    m_channels.labels.at(c) += userText("501042", "-N/A");
+            }
             m_csv = std::move(csv);
         } else {
             loader.LoadDatabaseSamples(0, 0, m_record, m_channels);

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
+#include <cmath>
 
 namespace lorvane {
 
@@ -67,8 +68,11 @@ bool WaveformRecordLoader::LoadWaveformRecord(WaveformRecord& record, bool first
     r.waveformTriggerNumber = qint16(integer("WaveformTriggerNumber"));
     r.contiguous = integer("Contiguous") != 0;
     r.captureSequence = qint16(integer("CaptureSequence"));
-    for (int v = 0; v < 12; ++v)
-        r.rmsValues[v] = row.value(QStringLiteral("V%1").arg(v)).toDouble();
+    // A value the meter did not store stays absent: the properties show "N/A", not 0.
+    for (int v = 0; v < 12; ++v) {
+        const QVariant value = row.value(QStringLiteral("V%1").arg(v));
+        r.rmsValues[v] = value.isNull() ? std::nan("") : value.toDouble();
+    }
     r.triggeredBy = row.value(QStringLiteral("TriggeredBy1")).toString();
     r.origFirstWave = qint16(integer("OrigFirstWave"));
     r.origWNumber = qint16(integer("OrigWNumber"));

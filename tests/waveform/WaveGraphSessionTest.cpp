@@ -159,11 +159,24 @@ TEST(WaveGraphSession, MarksZoomTogglesAndStrips)
     EXPECT_FALSE(session.isOpen());
 }
 
-TEST(WaveGraphSession, Fault6TheDeviceTypeIsCheckedBeforeTheFit)
+TEST(WaveGraphSession, Faults6And9TalmoCapturesTheirDisplayFrequencyAndTheCheckOrder)
 {
     WaveWindowFixture fixture(WaveWindowFixture::Meter::Talmo);
-    WaveGraphSession session(fixture.scratch(), WaveDisplaySettings());
+    WaveDisplaySettings settings;
+    settings.talmoFreq = 50;
+    WaveGraphSession session(fixture.scratch(), settings);
     ASSERT_TRUE(session.open(fixture.numbers(), fixture.series(), 0, {}).ok);
+    // Fault 9: the stored display frequency of this family's axes had no effect.
+    const WaveformRecord& r = session.capture().record();
+    EXPECT_EQ(r.systemFrequency, 50);
+    EXPECT_FLOAT_EQ(session.capture().channels().time.at(1),
+                    QString::number(1000.0 / 50 / r.sampleRate, 'f', 2).toFloat());
+    settings.talmoFreq = 60;
+    session.setSettings(settings);
+    EXPECT_EQ(session.capture().record().systemFrequency, 60);
+    EXPECT_FLOAT_EQ(session.capture().channels().time.at(1),
+                    QString::number(1000.0 / 60 / r.sampleRate, 'f', 2).toFloat());
+
     session.click(WaveformChannels::Va, 1.0);
     // A window far past the end would not fit either; the device type is told first.
     session.capture().record().windowStart = 100000;

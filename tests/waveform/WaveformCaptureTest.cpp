@@ -316,3 +316,28 @@ TEST(WaveformCapture, Faults2And3DamagedCaptureFilesAndAbsurdCountsAreRefusedByN
         EXPECT_EQ(capture.channels().sampleCount(), 0);
     }
 }
+
+TEST(WaveformCapture, Faults10And11AbsentRmsValuesAndTheLabelsOfCaptureFiles)
+{
+    // Fault 10: a value the row does not hold read as 0 and never showed "N/A".
+    OpenedQuery standard(WaveformSimMeters::standard());
+    const qint32 row = standard.recCounter(QStringLiteral("[TriggeredBy1]='Periodic'"));
+    standard.db().execute(
+        QStringLiteral("UPDATE %1 SET [V8]=NULL WHERE [RecCounter]=?")
+            .arg(SqlIdentifier::quote(standard.numbers.sliceTable(QStringLiteral("WaveformLog_")))),
+        {row});
+    WaveformCapture absent;
+    ASSERT_TRUE(absent.open(standard.db(), standard.numbers, row));
+    EXPECT_TRUE(std::isnan(absent.record().rmsValues[8]));
+    EXPECT_FALSE(std::isnan(absent.record().rmsValues[0]));
+
+    // Fault 11: a capture file fills Va .. I_n in file order; a recorded I_n read "In-N/A" by
+    // the rule of the 512-sample database rows.
+    OpenedQuery split(WaveformSimMeters::split());
+    WaveformCapture file;
+    ASSERT_GT(split.open(file, QStringLiteral("[SampleRate]=512 AND [TriggeredBy1]='Periodic'")),
+              0);
+    ASSERT_TRUE(file.channels().recorded[WaveformChannels::In]);
+    EXPECT_EQ(file.channels().labels[WaveformChannels::In], QStringLiteral("In"));
+    EXPECT_EQ(file.channels().labels[WaveformChannels::Vb], QStringLiteral("Vbn"));
+}

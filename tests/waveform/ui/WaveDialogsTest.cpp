@@ -9,6 +9,7 @@
 #include "waveform/ui/WaveCapturePage.h"
 #include "waveform/ui/WaveCompositionPage.h"
 #include "waveform/ui/WaveGraphButtons.h"
+#include "waveform/ui/WaveDrawStyle.h"
 #include "waveform/ui/WaveGraphCompSetup.h"
 #include "waveform/ui/WaveGraphSetup.h"
 #include "waveform/ui/WaveInterharmonicPage.h"
@@ -157,4 +158,16 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->click();
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
     EXPECT_TRUE(window.buttons()->command(TalWaveGraphPE::Advanced)->isVisible());
+}
+
+TEST(WaveDrawStyle, Fault9EveryItemPointTypeDrawsItsOwnMarker)
+{
+    // The stored point types were ignored: every curve drew the same dot.
+    QList<QImage> markers;
+    for (int type = 0; type < 14; ++type) {
+        const QImage marker = WaveDrawStyle::marker(type, Qt::black, 7);
+        for (int other = 0; other < markers.size(); ++other)
+            EXPECT_NE(marker, markers.at(other)) << type << " draws like " << other;
+        markers << marker;
+    }
 }
