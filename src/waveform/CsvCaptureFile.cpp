@@ -138,7 +138,10 @@ void CsvCaptureFile::readTimingPoint(int sampleRate, int sampleCount)
     int r = marker + 1;
     while (r - marker < sampleCount) {
         int hit = 0;
-        if (!m_parser.Find_Token(QStringLiteral("Samples Transfer Time Counter"), hit, col, 0, r))
+        // The rows of one capture end sampleCount rows after the marker: a counter further
+        // down belongs to no sample of it.
+        if (!m_parser.Find_Token(QStringLiteral("Samples Transfer Time Counter"), hit, col, 0, r,
+                                 marker + sampleCount - 1))
             return;
         if (m_parser.Get_Line(hit)->Token(col + 1).toInt() == m_triggerTimeCounter) {
             const int block = hit - (marker + 1) - 1;

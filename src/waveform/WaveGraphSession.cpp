@@ -74,6 +74,7 @@ WaveGraphSession::Outcome WaveGraphSession::load(int position,
     m_marks.clear();
     m_cursor.reset();
     m_statistics.reset();
+    m_interharmonicFrequency = 0;
     const QVector<float>& time = m_capture.channels().time;
     m_zoom.reset(time.size() < 2 ? Range{} : Range{time.first(), time.last()});
     m_capture.record().windowStart = 0;
@@ -99,6 +100,11 @@ QString WaveGraphSession::caption() const
         text += QStringLiteral(" (") + m_rangeText + u')';
     return text + QStringLiteral(", ") + QString::number(m_series.size()) + QStringLiteral(" - ") +
            (r.transient ? userText("403060", "Transients") : userText("403061", "Waveforms"));
+}
+
+QString WaveGraphSession::windowTitle() const
+{
+    return m_capture.record().hardwareName + QStringLiteral(" - ") + caption();
 }
 
 void WaveGraphSession::setSettings(const WaveDisplaySettings& settings)
@@ -139,7 +145,7 @@ QString WaveGraphSession::statisticsText() const
 QList<WaveGraphSession::Strip> WaveGraphSession::strips() const
 {
     const WaveformChannels& ch = m_capture.channels();
-    const int frequency = m_capture.record().systemFrequency;
+    const int frequency = displayFrequency();
     QList<Strip> result;
     QList<int> inputs;
     for (int c = WaveformChannels::Input1; c < WaveformChannels::channelCount; ++c)
@@ -244,13 +250,22 @@ InterharmonicAnalysis::Result
 WaveGraphSession::runInterharmonic(const std::function<void()>& stepTaken)
 {
     const WaveformCapture& capture = m_capture;
-    return m_interharmonic.run(
+    InterharmonicAnalysis::Result result = m_interharmonic.run(
         m_capture.record(), m_capture.channels(), m_focus,
         [&capture, &stepTaken](int direction, int loadChannel, WaveformChannels& rows) {
             if (stepTaken)
                 stepTaken();
             return capture.loadAdjacent(direction, loadChannel, rows);
         });
+    if (result.ok)
+        m_interharmonicFrequency = result.frequency;
+    return result;
+}
+
+int WaveGraphSession::displayFrequency() const
+{
+    return m_interharmonicFrequency > 0 ? m_interharmonicFrequency
+                                        : m_capture.record().systemFrequency;
 }
 
 QList<std::pair<QString, double>> WaveGraphSession::captureRms() const

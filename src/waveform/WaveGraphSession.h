@@ -61,6 +61,8 @@ public:
     /// "Waveform #12: PQ SAG Va. 2024-03-04 10:15:00.1000 (range), 14 - Waveforms", made
     /// from the open capture, so that it follows P&rev and &Next.
     QString caption() const;
+    /// The device name, " - " and the caption.
+    QString windowTitle() const;
     const WaveDisplaySettings& settings() const { return m_settings; }
     /// New settings: the strips are planned again; a new display frequency of the family
     /// without the neutral current reopens the capture on its axis.
@@ -110,6 +112,9 @@ public:
     void clearNote();
 
     InterharmonicAnalysis& interharmonic() { return m_interharmonic; }
+    /// The frequency the axis notes name: the capture's system, or after an interharmonic run
+    /// the frequency of its window.
+    int displayFrequency() const;
     /// "Place mark": the interharmonic window from the sample at `ms`, if it fits there.
     InterharmonicAnalysis::Preparation placeInterharmonicMark(double ms);
     void resetInterharmonicMark();
@@ -160,6 +165,8 @@ private:
     QString m_note;
     std::optional<double> m_notePosition;
     InterharmonicAnalysis m_interharmonic;
+    /// Frequency of the last interharmonic window of this capture; 0 before one.
+    int m_interharmonicFrequency = 0;
     WaveCompositionList m_composition;
 };
 

@@ -186,12 +186,11 @@ void WaveformRecordLoader::LoadDatabaseSamples(int mode, int direction,
         channels.recorded.fill(false);
         channels.time = WaveformTimeBase::axis(record, record.sampleCount);
         channels.labels = SamplePlacement::labels(record);
+        // Fixed-length captures are found by their row time against the wave start.
         const bool byWaveStart = record.deviceTypeId == 4;
-        sql =
-            QStringLiteral("SELECT * FROM %1 WHERE %2=? AND %3=? AND [DeviceIndex]=? "
-                           "ORDER BY [RecCounter]")
-                .arg(table, byWaveStart ? QStringLiteral("[WSDT]") : QStringLiteral("[Date/Time]"),
-                     byWaveStart ? QStringLiteral("[WSms]") : QStringLiteral("[ms]"));
+        sql = QStringLiteral("SELECT * FROM %1 WHERE [Date/Time]=? AND %2=? AND [DeviceIndex]=? "
+                             "ORDER BY [RecCounter]")
+                  .arg(table, byWaveStart ? QStringLiteral("[WSms]") : QStringLiteral("[ms]"));
         values = {(byWaveStart ? record.wsTime : record.triggerTime).toString(storedFormat),
                   byWaveStart ? record.wsMs : record.triggerMs, record.deviceIndex};
     } else {

@@ -105,6 +105,11 @@ TEST(CsvParser, CaptureHeaderClampsIdsBlocksAndFactors)
     EXPECT_EQ(file.triggerTimeCounter(), 500);
     // The counter sits four rows below the marker: block 2, a quarter cycle less one on top.
     EXPECT_EQ(file.timingPT(), 1024 / 4 - 1 + 2);
+    // Fault 12: the scan ran to the end of the file; a counter past the capture's rows (three
+    // here) is not its trigger.
+    CsvCaptureFile shortCapture;
+    ASSERT_GE(shortCapture.load(write(dir, "SHORT.csv", text), 1024, 3), 0);
+    EXPECT_EQ(shortCapture.timingPT(), 0);
     ASSERT_EQ(file.transientBlocks().size(), 1);
     const CsvCaptureFile::TransientBlock& block = file.transientBlocks().first();
     EXPECT_EQ(block.hsiTransition, QStringLiteral("0000000000000000"));

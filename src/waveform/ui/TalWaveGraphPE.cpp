@@ -111,16 +111,18 @@ bool TalWaveGraphPE::load(
     // The loader cannot stop half-way: its progress window offers no cancel.
     m_progress.begin(userText("505013", "Opening the waveform capture"), false);
     const WaveGraphSession::Outcome outcome = run([this](const QString& t) { m_progress.step(t); });
-    m_progress.end();
-    setEnabled(true);
-    tell(outcome);
     if (m_session.isOpen() && outcome.ok) {
-        setWindowTitle(m_session.capture().record().hardwareName + QStringLiteral(" - ") +
-                       m_session.caption());
-        m_capturePage->rebuild();
+        setWindowTitle(m_session.windowTitle());
+        m_capturePage->rebuild([this](int strip) {
+            m_progress.step(userText("501013", "Seting Up Graph ") + QString::number(strip));
+        });
+        m_progress.step(userText("501014", "Draw the graphs"));
         m_capturePage->setZoomMode(m_zoomMode);
         m_pages->setCurrentIndex(0);
     }
+    m_progress.end();
+    setEnabled(true);
+    tell(outcome);
     refresh();
     return outcome.ok;
 }
@@ -307,6 +309,9 @@ bool TalWaveGraphPE::showInterharmonic()
         tell({false, result.message, true});
         return false;
     }
+    const float start = m_session.capture().channels().time.value(result.windowStart);
+    setWindowTitle(m_session.windowTitle() + QStringLiteral(" - ") +
+                   userText("505019", "Interharmonic window from %1 ms").arg(start, 0, 'f', 2));
     m_ihPage->show(std::move(result), m_session.settings(), m_session.focus());
     m_pages->setCurrentIndex(1);
     setRmsShown(m_buttons->check(CheckRms)->isChecked());
@@ -327,6 +332,7 @@ void TalWaveGraphPE::setRmsShown(bool on)
 
 void TalWaveGraphPE::showCapture()
 {
+    setWindowTitle(m_session.windowTitle());
     m_pages->setCurrentIndex(0);
     refresh();
 }

@@ -56,7 +56,7 @@ WaveCapturePage::WaveCapturePage(WaveGraphSession& session, QWidget* parent)
     });
 }
 
-void WaveCapturePage::rebuild()
+void WaveCapturePage::rebuild(const std::function<void(int strip)>& settingUp)
 {
     qDeleteAll(m_charts);
     m_charts.clear();
@@ -70,6 +70,8 @@ void WaveCapturePage::rebuild()
     const bool overlay = settings.displayMode != WaveDisplaySettings::DisplayMode::Classic;
     const qreal pixels = points ? WaveDrawStyle::pointPixels(settings.pointSize) : 0;
     for (const WaveGraphSession::Strip& strip : m_session.strips()) {
+        if (settingUp)
+            settingUp(int(m_charts.size()));
         auto* chart = new WaveStripChart;
         chart->setColors(fore, back);
         chart->setTitles(strip.name, WaveGraphTexts::timeTitle(), strip.yTitle);
@@ -120,6 +122,7 @@ void WaveCapturePage::refresh()
         const WaveGraphSession::Strip& strip = strips.at(i);
         WaveStripChart* chart = m_charts.at(i);
         chart->setVisible(m_session.stripShown(strip));
+        chart->setTitles(strip.name, WaveGraphTexts::timeTitle(), strip.yTitle);
         chart->setXRange(range.x0, range.x1);
         chart->setAnnotations(m_session.annotations(strip));
         chart->setTextBlock(details && strip.channels.contains(focus) ? m_session.statisticsText()

@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QWidget>
+#include <functional>
 #include <utility>
 
 class QChartView;
@@ -27,8 +28,9 @@ class WaveCapturePage : public QWidget
 public:
     explicit WaveCapturePage(WaveGraphSession& session, QWidget* parent = nullptr);
 
-    /// Makes the charts of the session's strips anew (after an open or new settings).
-    void rebuild();
+    /// Makes the charts of the session's strips anew (after an open or new settings);
+    /// `settingUp` hears the number of each strip as it is set up.
+    void rebuild(const std::function<void(int strip)>& settingUp = {});
     /// Shows the session's state: which strips, their annotations, the statistics text and
     /// harmonics, the range and the scroll bar.
     void refresh();

@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -76,6 +77,8 @@ WaveGraphButtons::WaveGraphButtons(QWidget* parent) : QWidget(parent)
     auto* row = new QHBoxLayout(set);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
+    m_caption = new QLabel(userText("505018", "View Waveform"));
+    row->addWidget(m_caption);
     for (int i = 0; i < viewCommandCount; ++i) {
         m_viewCommands.at(i) = new QPushButton(viewCaptions.at(i));
         connect(m_viewCommands.at(i), &QPushButton::clicked, this,
@@ -117,6 +120,7 @@ void WaveGraphButtons::refresh(Set set, const WaveGraphSession& session, bool zo
     }
     for (QCheckBox* box : m_checks)
         box->setVisible(interharmonic);
+    m_caption->setVisible(set == Set::View);
     m_commands[closeButton]->setText(zoomed ? userText("503434", "&CLOSE")
                                             : userText("503402", "&Close"));
     m_commands[3]->setText(session.detailsOn() ? userText("503428", "Waveform &Details Off")

@@ -5,6 +5,7 @@
 #include <array>
 
 class QCheckBox;
+class QLabel;
 class QPushButton;
 class QStackedWidget;
 
@@ -41,6 +42,7 @@ public:
     QPushButton* command(int index) const { return m_commands.at(index); }
     QPushButton* viewCommand(int index) const { return m_viewCommands.at(index); }
     QCheckBox* check(int index) const { return m_checks.at(index); }
+    QLabel* caption() const { return m_caption; }
     /// Sends every press to the window's command; &Print/Export gets its two choices.
     void connectTo(TalWaveGraphPE& window);
 
@@ -54,6 +56,8 @@ private:
     std::array<QPushButton*, viewCommandCount> m_viewCommands{};
     std::array<QCheckBox*, checkCount> m_checks{};
     QStackedWidget* m_sets = nullptr;
+    /// "View Waveform" over the set of the detail and advanced views.
+    QLabel* m_caption = nullptr;
 };
 
 } // namespace lorvane

@@ -20,6 +20,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -186,6 +187,11 @@ TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
     EXPECT_NEAR(spectrum.at(12), 100.0, 0.5);
     EXPECT_NEAR(spectrum.at(18), 5.0, 0.5);
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Interharmonic);
+    // Fault 12: the caption names the window's start, the axis notes its frequency.
+    EXPECT_TRUE(
+        window.windowTitle().endsWith(QStringLiteral(" - Interharmonic window from 0.00 ms")))
+        << window.windowTitle().toStdString();
+    EXPECT_EQ(window.session().displayFrequency(), 60);
 
     // Command3: the five of Command2, then one button for each graph, which shows it alone.
     const QStringList captions{"&Help",
@@ -291,6 +297,9 @@ TEST(TalWaveGraphPE, DetailViewCarriesTheSecondButtonSet)
     }
     EXPECT_EQ(window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->toolTip(),
               QStringLiteral("Go back to global view"));
+    // Fault 12: the detail view's caption was missing.
+    EXPECT_TRUE(window.buttons()->caption()->isVisible());
+    EXPECT_EQ(window.buttons()->caption()->text(), QStringLiteral("View Waveform"));
     EXPECT_FALSE(window.buttons()->check(TalWaveGraphPE::CheckRms)->isVisible());
 
     // &Edit Graph opens the y extents of the strip in focus.
@@ -333,6 +342,9 @@ TEST(TalWaveGraphPE, ProgressWindowAndTheRefusedCloseWhileBusy)
     EXPECT_TRUE(std::any_of(opened.cbegin(), opened.cend(), [](const QString& line) {
         return line.endsWith(QStringLiteral("Reading the Waveform data file"));
     })) << opened.join(u'\n').toStdString();
+    // Fault 12: the steps of setting up and drawing the graphs were never told.
+    EXPECT_TRUE(opened.join(u'\n').contains(QStringLiteral("Seting Up Graph 7")));
+    EXPECT_TRUE(opened.last().endsWith(QStringLiteral("Draw the graphs")));
     EXPECT_FALSE(progress.isVisible()) << "the progress window goes when the capture is shown";
     window.show();
 
