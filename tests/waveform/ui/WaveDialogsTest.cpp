@@ -155,9 +155,28 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     for (int i = 0; i < TalWaveGraphPE::ViewCommandCount; ++i)
         EXPECT_EQ(window.buttons()->viewCommand(i)->isVisible(), i <= TalWaveGraphPE::ViewZoomOut)
             << i;
+    // Fault 8: the advanced view had no zoom or marks of its own.
+    window.zoomTo(2.0, 8.0);
+    EXPECT_DOUBLE_EQ(chart->xMax(), 8.0);
+    window.setMark(1, 3.0);
+    EXPECT_EQ(chart->annotations().size(), 1);
+    window.undoZoom();
+    EXPECT_GT(chart->xMax(), 20.0);
     window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->click();
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
     EXPECT_TRUE(window.buttons()->command(TalWaveGraphPE::Advanced)->isVisible());
+    EXPECT_EQ(window.session().zoom().depth(), 0) << "the capture's zoom is its own";
+
+    // Fault 8: the right-hand list survives &Back.
+    int kept = 0;
+    window.dialogs().setDialogRunner([&](QDialog& dialog) {
+        if (auto* setup = qobject_cast<WaveGraphCompSetup*>(&dialog))
+            kept = setup->selectedItems()->rowCount();
+        return int(QDialog::Rejected);
+    });
+    window.showCompositionSetup();
+    EXPECT_EQ(kept, 2);
+    EXPECT_EQ(window.session().composition().items().size(), 2);
 }
 
 TEST(WaveDrawStyle, Fault9EveryItemPointTypeDrawsItsOwnMarker)
