@@ -3,6 +3,7 @@
 
 #include "CsvCaptureFile.h"
 #include "WaveGraphTexts.h"
+#include "platform/StorageError.h"
 #include "platform/UserText.h"
 #include "store/StampedTime.h"
 
@@ -250,13 +251,20 @@ InterharmonicAnalysis::Result
 WaveGraphSession::runInterharmonic(const std::function<void()>& stepTaken)
 {
     const WaveformCapture& capture = m_capture;
-    InterharmonicAnalysis::Result result = m_interharmonic.run(
-        m_capture.record(), m_capture.channels(), m_focus,
-        [&capture, &stepTaken](int direction, int loadChannel, WaveformChannels& rows) {
-            if (stepTaken)
-                stepTaken();
-            return capture.loadAdjacent(direction, loadChannel, rows);
-        });
+    InterharmonicAnalysis::Result result;
+    try {
+        result = m_interharmonic.run(
+            m_capture.record(), m_capture.channels(), m_focus,
+            [&capture, &stepTaken](int direction, int loadChannel, WaveformChannels& rows) {
+                if (stepTaken)
+                    stepTaken();
+                return capture.loadAdjacent(direction, loadChannel, rows);
+            });
+    } catch (const StorageError& error) {
+        // A following row that cannot be read ends the analysis with the engine's words.
+        result = {};
+        result.message = QString::fromUtf8(error.what());
+    }
     if (result.ok)
         m_interharmonicFrequency = result.frequency;
     return result;

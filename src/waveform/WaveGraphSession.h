@@ -120,6 +120,7 @@ public:
     void resetInterharmonicMark();
     /// The interharmonic analysis of the focus channel; the device type comes first, then the
     /// fit. The capture's own arrays are left as they are.
+    /// Never throws: a row that cannot be read ends it with the engine's message.
     InterharmonicAnalysis::Result runInterharmonic(const std::function<void()>& stepTaken = {});
 
     /// RMS over the whole capture of each recorded analog channel, with its label: the level
