@@ -265,19 +265,18 @@ void printSamples(const WaveformChannels& channels)
     }
 }
 
-// The click position is in milliseconds of the capture's own time axis; its step is taken
-// from the whole axis, since each value is rounded for display.
-double millisecondsPerSample(const WaveformChannels& channels)
+/// A value that may be missing: a JSON number, or null where the window shows "N/A".
+QJsonValue number(bool valid, double value)
 {
-    const int count = channels.sampleCount();
-    return count > 1 ? double(channels.time.last() - channels.time.first()) / (count - 1) : 0.0;
+    return valid ? QJsonValue(value) : QJsonValue(QJsonValue::Null);
 }
 
 int printStatistics(const WaveformCapture& capture, const Options& o)
 {
     const WaveformStatistics statistics(capture.record(), capture.channels());
-    const WaveformStatistics::ChannelStatistics values = statistics.computeChannelStatistics(
-        o.statsChannel, o.atMs, millisecondsPerSample(capture.channels()));
+    const WaveformStatistics::ChannelStatistics values =
+        statistics.computeChannelStatistics(o.statsChannel, o.atMs);
+    const WaveformStatistics::Harmonics& h = values.harmonics;
     const QVector<float>& percent = values.harmonics.percent;
     if (o.json) {
         QJsonArray harmonics;
@@ -288,11 +287,13 @@ int printStatistics(const WaveformCapture& capture, const Options& o)
             {QStringLiteral("cursor"), values.window.cursor},
             {QStringLiteral("start"), values.window.start},
             {QStringLiteral("end"), values.window.end},
-            {QStringLiteral("rms"), values.rmsText},
-            {QStringLiteral("peak"), values.peakText},
-            {QStringLiteral("crest"), values.crestText},
-            {QStringLiteral("thd"), values.thdText},
-            {QStringLiteral("kFactor"), values.kFactorText},
+            {QStringLiteral("cursorMs"),
+             double(capture.channels().time.value(values.window.cursor))},
+            {QStringLiteral("rms"), number(values.rmsValid, double(values.rms))},
+            {QStringLiteral("peak"), number(values.peakValid, double(values.peak))},
+            {QStringLiteral("crest"), number(values.crestValid, values.crest)},
+            {QStringLiteral("thd"), number(h.valid, h.thd)},
+            {QStringLiteral("kFactor"), number(h.valid && h.kFactorValid, h.kFactor)},
             {QStringLiteral("harmonics"), harmonics},
         });
         return Success;
@@ -347,7 +348,14 @@ int printInterharmonic(WaveformCapture& capture, const Options& o)
 
 int exitCodeFor(WaveformCapture::Failure failure)
 {
-    return failure == WaveformCapture::Failure::FileMissing ? FileMissing : Failure;
+    switch (failure) {
+    case WaveformCapture::Failure::FileMissing:
+        return FileMissing;
+    case WaveformCapture::Failure::FileDamaged:
+        return Damaged;
+    default:
+        return Failure;
+    }
 }
 
 } // namespace

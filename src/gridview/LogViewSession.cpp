@@ -422,7 +422,9 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
             for (const QVariantMap& keys : grid.rowKeys)
                 action.series << keys.value(QStringLiteral("RecCounter")).toInt();
             action.position = row;
-            action.caption = grid.rowKeys.at(row).value(QStringLiteral("Label")).toString();
+            // The window makes its caption from the capture it shows and the query's range,
+            // so that it follows P&rev and &Next.
+            action.caption = entry.result.rangeText;
         }
         break;
     case LogKind::Relays:

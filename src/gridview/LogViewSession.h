@@ -58,6 +58,7 @@ public:
         QueryNumbers numbers;
         QList<qint32> series;
         int position = -1;
+        /// The query's range text, for the window's caption.
         QString caption;
     };
 

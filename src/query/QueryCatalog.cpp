@@ -60,8 +60,9 @@ QStringList QueryCatalog::sliceTableBases(LogKind queryType)
                 QStringLiteral("RelayLogA_")};
     case LogKind::Flicker:
         return {tagNames, histLog, scaled, QStringLiteral("Flicker_MaxMin_")};
+    // The waveform view keeps the PQ records of its range beside the captures: the window
+    // shows the event a capture belongs to.
     case LogKind::Waveform:
-        return capture;
     case LogKind::PowerQuality:
         return capture + QStringList{QStringLiteral("PQLog_")};
     case LogKind::SystemEvent:

@@ -2,6 +2,7 @@
 #include "WaveformView.h"
 
 #include "FullScalesLoader.h"
+#include "PqLoader.h"
 #include "QueryContext.h"
 #include "StatusView.h"
 #include "WaveformGrid.h"
@@ -15,6 +16,8 @@ ViewResult WaveformView::run(QueryContext& context)
 {
     const auto load = [](QueryContext& c, QList<LogFileEntry>& files, const QueryNumbers& numbers) {
         const DayWalk::Result walk = WaveformLoader::load(c, files, numbers);
+        PqLoader::load(c, files, numbers);
+        PqLoader::linkCaptures(c.scratch->database(), numbers);
         const QStringList logs{numbers.sliceTable(QStringLiteral("WaveformLog_"))};
         SqliteDatabase& db = c.scratch->database();
         WaveformSettings::load(db, files, numbers, logs);

@@ -3,9 +3,12 @@
 
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
+#include "WaveformTimeBase.h"
 #include "platform/UserText.h"
 
 #include <QElapsedTimer>
+#include <QFile>
+#include <cmath>
 
 namespace lorvane {
 
@@ -55,6 +58,16 @@ QStringList resultLabels()
     return labels;
 }
 
+/// True when the start of the file has line feeds but never a carriage return before one.
+bool lineFeedsOnly(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray head = file.read(1 << 16);
+    return head.contains('\n') && !head.contains("\r\n");
+}
+
 } // namespace
 
 int CsvCaptureFile::load(const QString& path, int sampleRate, int sampleCount,
@@ -68,6 +81,7 @@ int CsvCaptureFile::load(const QString& path, int sampleRate, int sampleCount,
     m_loadSeconds = QString::number(double(clock.elapsed()) / 1000.0, 'f', 3);
     if (result < 0)
         return result;
+    m_lineFeedsOnly = lineFeedsOnly(path);
 
     const QString first = m_parser.Get_Line(0) ? m_parser.Get_Line(0)->Token(0) : QString();
     m_transient = !first.contains(QLatin1String("Waveform"), Qt::CaseInsensitive) &&
@@ -124,7 +138,10 @@ void CsvCaptureFile::readTimingPoint(int sampleRate, int sampleCount)
     int r = marker + 1;
     while (r - marker < sampleCount) {
         int hit = 0;
-        if (!m_parser.Find_Token(QStringLiteral("Samples Transfer Time Counter"), hit, col, 0, r))
+        // The rows of one capture end sampleCount rows after the marker: a counter further
+        // down belongs to no sample of it.
+        if (!m_parser.Find_Token(QStringLiteral("Samples Transfer Time Counter"), hit, col, 0, r,
+                                 marker + sampleCount - 1))
             return;
         if (m_parser.Get_Line(hit)->Token(col + 1).toInt() == m_triggerTimeCounter) {
             const int block = hit - (marker + 1) - 1;
@@ -240,41 +257,60 @@ QStringList CsvCaptureFile::result(const QString& label) const
     return {};
 }
 
-QVector<float> CsvCaptureFile::timeAxis(bool transient, int sampleRate, int count)
+QString CsvCaptureFile::loadSamples(const WaveformRecord& record, WaveformChannels& channels,
+                                    const Progress& progress) const
 {
-    const double base = 1.0 / 61440.0;
-    const double step = transient || sampleRate <= 0 ? base : base * (1024.0 / sampleRate);
-    QVector<float> axis(qMax(0, count));
-    for (int i = 0; i < axis.size(); ++i)
-        axis[i] = QString::number(i * step * 1000.0, 'f', 3).toFloat();
-    return axis;
-}
-
-void CsvCaptureFile::loadSamples(const WaveformRecord& record, WaveformChannels& channels,
-                                 const Progress& progress) const
-{
-    const int count = record.sampleCount;
-    channels.resize(count);
-    channels.recorded.fill(false);
-    channels.time = timeAxis(m_transient, record.sampleRate, count);
-
+    channels = WaveformChannels();
+    if (m_lineFeedsOnly)
+        return userText("506001", "its lines end in a line feed alone, where a capture file ends "
+                                  "each line with a carriage return and a line feed");
     int row = 0;
     int col = 0;
     if (!m_parser.Find_Token(QStringLiteral("Waveform Samples Start"), row, col))
-        return;
+        return userText("506002", "it has no \"Waveform Samples Start\" row: it is truncated or "
+                                  "not a capture file");
+    const qint64 count = record.sampleCount;
+    // Every sample is a line of the file: a count the file cannot hold is refused before any
+    // array is made for it.
+    const qint64 room = qint64(m_parser.Line_Count()) - (row + 1);
+    if (count < 1 || count > room)
+        return userText("506003", "the record gives %1 samples a channel, but the file has room "
+                                  "for %2 sample rows")
+            .arg(count)
+            .arg(qMax<qint64>(0, room));
+
+    WaveformRecord timed = record;
+    timed.transient = m_transient;
+    channels.resize(int(count));
+    channels.time = WaveformTimeBase::axis(timed, int(count));
     const AdcBlockFactors::Ratios ratios{
         AdcBlockFactors::ratio(record.ptCtRatio[0]), AdcBlockFactors::ratio(record.ptCtRatio[1]),
         AdcBlockFactors::ratio(record.ptCtRatio[2]), AdcBlockFactors::ratio(record.ptCtRatio[3])};
     int nextAnalog = 0;
     QStringList cells;
     for (int k = 0; k < m_channelCount; ++k) {
-        tell(progress, userText("501024", "Reading in the waveform samples for channel ") +
-                           m_channelNames.at(k));
-        if (m_parser.getColumn(col + 4 + k, row + 1, count, cells, false) < count)
-            continue;
-        if (m_channelNames.at(k).contains(QLatin1String(" 80 "))) {
+        const QString& name = m_channelNames.at(k);
+        tell(progress, userText("501024", "Reading in the waveform samples for channel ") + name);
+        const int read = m_parser.getColumn(col + 4 + k, row + 1, int(count), cells, false);
+        if (read < count)
+            return userText("506004", "channel %1 ends after %2 of its %3 samples, at line %4")
+                .arg(name)
+                .arg(read)
+                .arg(count)
+                .arg(row + 2 + read);
+        QVector<double> values(static_cast<qsizetype>(count));
+        for (int i = 0; i < count; ++i) {
+            bool number = false;
+            values[i] = cells.at(i).toDouble(&number);
+            if (!number || !std::isfinite(values.at(i)))
+                return userText("506005", "line %1 holds \"%2\" as a sample of channel %3, which "
+                                          "is not a finite number")
+                    .arg(row + 2 + i)
+                    .arg(cells.at(i).left(40), name);
+        }
+        if (name.contains(QLatin1String(" 80 "))) {
             for (int i = 0; i < count; ++i) {
-                const int status = cells.at(i).toInt();
+                const int status = int(values.at(i));
                 for (int input = 0; input < 8; ++input)
                     channels.samples[WaveformChannels::Input1 + input][i] =
                         float(((status >> input) & 1) + 2 * input);
@@ -288,10 +324,11 @@ void CsvCaptureFile::loadSamples(const WaveformRecord& record, WaveformChannels&
         const double scale = m_factors.sampleScale(m_channelIds.at(k), ratios);
         QVector<float>& target = channels.samples[nextAnalog];
         for (int i = 0; i < count; ++i)
-            target[i] = float(cells.at(i).toDouble() * scale);
+            target[i] = float(values.at(i) * scale);
         channels.recorded[nextAnalog] = true;
         ++nextAnalog;
     }
+    return {};
 }
 
 } // namespace lorvane

@@ -65,13 +65,12 @@ public:
     /// Fills `channels` (resized to `record.sampleCount`) with the time axis and the samples:
     /// the status channel into the input lanes, analog channels in file order into Va, Vb,
     /// Vc, Ia, Ib, Ic, I_n (beyond the seventh dropped), scaled by the file's factors and the
-    /// record's PT/CT ratios. A channel with fewer rows than the sample count is skipped.
-    void loadSamples(const WaveformRecord& record, WaveformChannels& channels,
-                     const Progress& progress = {}) const;
-
-    /// Time axis of a capture file in milliseconds: 1/61440 s per sample scaled to the rate
-    /// (1024 per cycle for a transient file), each value rounded to three decimals.
-    static QVector<float> timeAxis(bool transient, int sampleRate, int count);
+    /// record's PT/CT ratios. Returns an empty text, or what is wrong with the file: lines
+    /// ended by line feeds alone, no sample rows, a sample count the file cannot hold (checked
+    /// before anything is allocated), a channel shorter than the count, a sample that is not a
+    /// finite number. `channels` is then empty.
+    QString loadSamples(const WaveformRecord& record, WaveformChannels& channels,
+                        const Progress& progress = {}) const;
 
     /// "Transient" file (line 0 does not say "Waveform" but says "Transient").
     bool transient() const { return m_transient; }
@@ -113,6 +112,7 @@ private:
     AdcBlockFactors m_factors;
     std::array<bool, 3> m_lineToLine{};
     QString m_loadSeconds;
+    bool m_lineFeedsOnly = false;
 };
 
 } // namespace lorvane

@@ -4,6 +4,7 @@
 #include "BankersRounding.h"
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
+#include "WaveformTimeBase.h"
 #include "platform/UserText.h"
 
 #include <algorithm>
@@ -112,10 +113,10 @@ InterharmonicAnalysis::Preparation InterharmonicAnalysis::prepare(WaveformRecord
 }
 
 InterharmonicAnalysis::Preparation InterharmonicAnalysis::placeMark(WaveformRecord& record,
-                                                                    double sample)
+                                                                    double ms)
 {
     const qint32 oldStart = record.windowStart;
-    record.windowStart = BankersRounding::toInt(sample) - 1;
+    record.windowStart = WaveformTimeBase::sampleAt(record, ms) - 1;
     Preparation result = prepare(record);
     if (!result.ok)
         record.windowStart = oldStart;

@@ -82,9 +82,9 @@ public:
     /// false and `message` says why.
     static Preparation prepare(WaveformRecord& record);
 
-    /// Moves the window start to `sample` (rounded half to even, minus one) if the window
+    /// Moves the window start to the sample at `ms` (WaveformTimeBase) minus one if the window
     /// fits there; otherwise keeps the old start. Returns the preparation at the new start.
-    static Preparation placeMark(WaveformRecord& record, double sample);
+    static Preparation placeMark(WaveformRecord& record, double ms);
 
     /// The whole analysis of `channel` (0 to 6) of `capture`. `adjacentRows` serves the
     /// contiguous rows; it may be empty when the capture needs none. A wrong channel, a device

@@ -142,7 +142,8 @@ SamplePlacement::labels(const WaveformRecord& record)
         userText("501039", "Ic"),
         userText("501040", "In"),
     };
-    const bool wide = wideRate(record.sampleRate, record.deviceTypeId);
+    // A capture file fills the channels in the order it lists them, not by a record format.
+    const bool wide = wideRate(record.sampleRate, record.deviceTypeId) && record.deviceTypeId != 5;
     if (!wide && wiring == 2)
         labels[WaveformChannels::Ib] += QLatin1Char(' ') + userText("501041", "(reconstructed)");
     if (wide) {

@@ -94,12 +94,16 @@ QString WaveCompositionList::legend(const WaveCompositionItem& item)
            item.item;
 }
 
-double WaveCompositionList::timeStep(int frequency, int sampleRate)
+QVector<float> WaveCompositionList::timeAxis(int frequency, int sampleRate, int count)
 {
+    QVector<float> axis(qMax(0, count));
     if (sampleRate < 1 || frequency < 1)
-        return 0;
+        return axis;
+    // The values are rounded for display; the step that multiplies is not.
     const double step = 1.0 / frequency / sampleRate * 1000.0;
-    return QString::number(step, 'f', 3).toDouble();
+    for (int i = 0; i < axis.size(); ++i)
+        axis[i] = QString::number(i * step, 'f', 3).toFloat();
+    return axis;
 }
 
 } // namespace lorvane

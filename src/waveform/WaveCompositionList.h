@@ -6,6 +6,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 namespace lorvane {
 
@@ -37,9 +38,9 @@ public:
     /// Legend of an item's curve: the trigger time with its tenths of ms ("12:00:00.1234") and
     /// the item name.
     static QString legend(const WaveCompositionItem& item);
-    /// Milliseconds per sample on a `frequency` Hz system at `sampleRate` samples per cycle,
-    /// rounded to three decimals as the axis shows it; 0 for a rate below 1.
-    static double timeStep(int frequency, int sampleRate);
+    /// `count` axis values of an item: sample i at i / frequency / rate seconds, in
+    /// milliseconds rounded to three decimals; all 0 for a rate below 1.
+    static QVector<float> timeAxis(int frequency, int sampleRate, int count);
 
 private:
     QList<WaveCompositionItem> m_items;

@@ -148,6 +148,12 @@ bool WaveDisplaySettings::write(const QString& settingsFile) const
     return true;
 }
 
+bool WaveDisplaySettings::writeInterHarmonicFreq(const QString& settingsFile, int hz)
+{
+    return ProfileFile(settingsFile)
+        .writeString(section, QStringLiteral("InterHarmonicFreq"), QString::number(hz));
+}
+
 qint32 WaveDisplaySettings::drawColor(int item) const
 {
     // Distinct colours per channel (0x00BBGGRR) for items left at the default white.

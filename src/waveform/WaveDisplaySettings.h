@@ -61,6 +61,10 @@ struct WaveDisplaySettings
     /// of the file. False at the first key that cannot be written.
     bool write(const QString& settingsFile) const;
 
+    /// Writes the key of the interharmonic frequency alone: the menu's choice leaves the
+    /// display keys as the file has them.
+    static bool writeInterHarmonicFreq(const QString& settingsFile, int hz);
+
     /// Item names in channel order: "Va" ... "I_n", "Input1" ... "Input8".
     static const QStringList& itemNames();
     /// A colour value as the settings file holds it: "&H" and at least six hex digits.

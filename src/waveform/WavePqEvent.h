@@ -5,7 +5,8 @@
 
 namespace lorvane {
 
-/// The power quality event a capture belongs to, as texts ready for display.
+/// The power quality event a capture belongs to, as texts ready for display, and where it
+/// starts and ends among the capture's samples (-1 where that end lies in another capture).
 struct WavePqEvent
 {
     QString start;
@@ -15,6 +16,8 @@ struct WavePqEvent
     QString condition;
     QString value;
     QString percentOfFullScale;
+    int startSample = -1;
+    int endSample = -1;
 };
 
 } // namespace lorvane

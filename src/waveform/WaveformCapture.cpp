@@ -3,6 +3,7 @@
 
 #include "CsvCaptureFile.h"
 #include "SamplePlacement.h"
+#include "WavePqLink.h"
 #include "WaveformRecordLoader.h"
 #include "platform/StorageError.h"
 #include "platform/UserText.h"
@@ -21,12 +22,14 @@ bool WaveformCapture::open(SqliteDatabase& scratch, const QueryNumbers& numbers,
     m_record = WaveformRecord();
     m_channels = WaveformChannels();
     m_csv.reset();
+    m_pqEvent.reset();
     m_failure = Failure::None;
     m_message.clear();
     const auto fail = [&](Failure failure, const QString& message) {
         m_record = WaveformRecord();
         m_channels = WaveformChannels();
         m_csv.reset();
+        m_pqEvent.reset();
         m_failure = failure;
         m_message = message;
         return false;
@@ -38,6 +41,9 @@ bool WaveformCapture::open(SqliteDatabase& scratch, const QueryNumbers& numbers,
             return fail(Failure::RecordMissing,
                         userText("501002", "There is no waveform record %1 in this query.")
                             .arg(recCounter));
+        if (m_record.deviceTypeId == 0 && (m_talmoFrequency == 50 || m_talmoFrequency == 60))
+            m_record.systemFrequency = m_talmoFrequency;
+        m_pqEvent = WavePqLink::find(scratch, numbers, m_record);
         tell(userText("501011", "Reading in the waveform properties"));
         if (m_record.deviceTypeId == 5) {
             auto csv = std::make_shared<CsvCaptureFile>();
@@ -53,8 +59,20 @@ bool WaveformCapture::open(SqliteDatabase& scratch, const QueryNumbers& numbers,
                             userText("501004", "File Error: The file %1 could not be read.")
                                 .arg(m_record.csvPath));
             m_record.timingPT = csv->timingPT();
-            csv->loadSamples(m_record, m_channels, progress);
+            m_record.transient = csv->transient();
+            const QString problem = csv->loadSamples(m_record, m_channels, progress);
+            if (!problem.isEmpty())
+                return fail(Failure::FileDamaged,
+                            userText("506000", "The capture file %1 of waveform record %2 "
+                                               "cannot be shown: %3.")
+                                .arg(m_record.csvPath)
+                                .arg(recCounter)
+                                .arg(problem));
             m_channels.labels = SamplePlacement::labels(m_record);
+            for (int c = 0; c < WaveformChannels::analogCount; ++c) {
+                if (!m_channels.recorded.at(c))
+                    m_channels.labels.at(c) += userText("501042", "-N/A");
+            }
             m_csv = std::move(csv);
         } else {
             loader.LoadDatabaseSamples(0, 0, m_record, m_channels);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "WavePqEvent.h"
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
 #include "query/QueryCatalog.h"
@@ -8,6 +9,7 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace lorvane {
 
@@ -26,6 +28,7 @@ public:
         None,
         RecordMissing, ///< no row with that `RecCounter` in the query's waveform table
         FileMissing,   ///< the capture file is missing or empty
+        FileDamaged,   ///< the capture file is not what its record says (message tells why)
         Storage,       ///< a statement on the scratch database failed
     };
 
@@ -40,7 +43,13 @@ public:
     bool open(SqliteDatabase& scratch, const QueryNumbers& numbers, qint32 recCounter,
               const Progress& progress = {});
 
+    /// The display frequency of the time axes of device type 0 (50 or 60), used by the next
+    /// open; the other families keep their axis whatever the system.
+    void setTalmoFrequency(int hz) { m_talmoFrequency = hz; }
+
     const WaveformRecord& record() const { return m_record; }
+    /// The power quality event the capture belongs to, when the query holds it.
+    const std::optional<WavePqEvent>& pqEvent() const { return m_pqEvent; }
     WaveformRecord& record() { return m_record; }
     const WaveformChannels& channels() const { return m_channels; }
     WaveformChannels& channels() { return m_channels; }
@@ -65,6 +74,8 @@ private:
     WaveformRecord m_record;
     WaveformChannels m_channels;
     std::shared_ptr<CsvCaptureFile> m_csv;
+    std::optional<WavePqEvent> m_pqEvent;
+    int m_talmoFrequency = 0;
     Failure m_failure = Failure::None;
     QString m_message;
 };

@@ -149,6 +149,9 @@ QList<WaveformProperties::Row> WaveformProperties::rows(const WaveformRecord& re
     const QString hookup = hookupText(record.hookUp, record.deviceTypeId);
     if (!hookup.isEmpty())
         out.append({hookupLabel(), hookup});
+    // The bit above the wiring byte tells that the meter carries the battery back-up module.
+    add("503068", "B-Pack Module",
+        record.hookUp & bPackBit ? userText("503048", "Yes") : userText("503049", "No"));
     add("503035", "PT Ratio", record.ptCtRatio[0]);
     add("503036", "PT_aux Ratio", record.ptCtRatio[1]);
     add("503037", "CT Ratio", record.ptCtRatio[2]);

@@ -17,6 +17,8 @@ class WaveformProperties
 {
 public:
     using Row = std::pair<QString, QString>;
+    /// The bit of `HookUp` that tells a meter with the B-Pack module.
+    static constexpr qint32 bPackBit = 0x100;
 
     /// Rows for `record`; the PQ rows only when `pq` is given.
     static QList<Row> rows(const WaveformRecord& record, const std::optional<WavePqEvent>& pq);

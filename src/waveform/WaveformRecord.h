@@ -84,6 +84,9 @@ struct WaveformRecord
     quint8 inputCount = 0;
     /// Full path of the capture file (device type 5).
     QString csvPath;
+    /// The capture file says "Transient" in its first cell (device type 5): its samples run
+    /// at 1024 a cycle whatever the rate.
+    bool transient = false;
     /// `RecCounter` of the row in the query's waveform table.
     qint32 recCounter = -1;
     /// System frequency of the device row (50 or 60).

@@ -4,6 +4,7 @@
 #include "SamplePlacement.h"
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
+#include "WaveformTimeBase.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "store/StampedTime.h"
@@ -11,6 +12,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
+#include <cmath>
 
 namespace lorvane {
 
@@ -66,8 +68,11 @@ bool WaveformRecordLoader::LoadWaveformRecord(WaveformRecord& record, bool first
     r.waveformTriggerNumber = qint16(integer("WaveformTriggerNumber"));
     r.contiguous = integer("Contiguous") != 0;
     r.captureSequence = qint16(integer("CaptureSequence"));
-    for (int v = 0; v < 12; ++v)
-        r.rmsValues[v] = row.value(QStringLiteral("V%1").arg(v)).toDouble();
+    // A value the meter did not store stays absent: the properties show "N/A", not 0.
+    for (int v = 0; v < 12; ++v) {
+        const QVariant value = row.value(QStringLiteral("V%1").arg(v));
+        r.rmsValues[v] = value.isNull() ? std::nan("") : value.toDouble();
+    }
     r.triggeredBy = row.value(QStringLiteral("TriggeredBy1")).toString();
     r.origFirstWave = qint16(integer("OrigFirstWave"));
     r.origWNumber = qint16(integer("OrigWNumber"));
@@ -179,15 +184,13 @@ void WaveformRecordLoader::LoadDatabaseSamples(int mode, int direction,
     if (mode == 0) {
         channels.resize(record.sampleCount);
         channels.recorded.fill(false);
-        channels.time = timeAxis(record.sampleRate, record.deviceTypeId, record.systemFrequency,
-                                 record.sampleCount);
+        channels.time = WaveformTimeBase::axis(record, record.sampleCount);
         channels.labels = SamplePlacement::labels(record);
+        // Fixed-length captures are found by their row time against the wave start.
         const bool byWaveStart = record.deviceTypeId == 4;
-        sql =
-            QStringLiteral("SELECT * FROM %1 WHERE %2=? AND %3=? AND [DeviceIndex]=? "
-                           "ORDER BY [RecCounter]")
-                .arg(table, byWaveStart ? QStringLiteral("[WSDT]") : QStringLiteral("[Date/Time]"),
-                     byWaveStart ? QStringLiteral("[WSms]") : QStringLiteral("[ms]"));
+        sql = QStringLiteral("SELECT * FROM %1 WHERE [Date/Time]=? AND %2=? AND [DeviceIndex]=? "
+                             "ORDER BY [RecCounter]")
+                  .arg(table, byWaveStart ? QStringLiteral("[WSms]") : QStringLiteral("[ms]"));
         values = {(byWaveStart ? record.wsTime : record.triggerTime).toString(storedFormat),
                   byWaveStart ? record.wsMs : record.triggerMs, record.deviceIndex};
     } else {
@@ -216,20 +219,6 @@ qint32 WaveformRecordLoader::sampleCount(int sampleRate, int deviceTypeId, const
     if (sampleRate == 512)
         return 4096;
     return sampleRate == 16 && deviceTypeId == 0 ? 960 : 1024;
-}
-
-QVector<float> WaveformRecordLoader::timeAxis(int sampleRate, int deviceTypeId, int systemFrequency,
-                                              int count)
-{
-    QVector<float> axis(qMax(0, count));
-    if (sampleRate <= 0)
-        return axis;
-    const double cycles = deviceTypeId == 0 && systemFrequency == 50 ? 50.0 : 60.0;
-    // The step is held in single precision, as the axis has always been built.
-    const float step = float(1.0 / sampleRate / cycles * 1000.0);
-    for (int i = 0; i < axis.size(); ++i)
-        axis[i] = QString::number(double(i) * double(step), 'f', 2).toFloat();
-    return axis;
 }
 
 QString WaveformRecordLoader::captureFilePath(const QString& dbPath, const QString& sample0)

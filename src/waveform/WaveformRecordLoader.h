@@ -42,10 +42,6 @@ public:
     /// Samples per channel: device type 5 from the second item of `sample1` ("rate,count,n");
     /// device type 4 2048; rate 256 2048, 512 4096, others 1024 (960 at 16 on device type 0).
     static qint32 sampleCount(int sampleRate, int deviceTypeId, const QString& sample1);
-    /// Time axis of a database capture in milliseconds, each value rounded to two decimals:
-    /// a 60 Hz cycle per `sampleRate` samples, 50 Hz only for device type 0 on a 50 Hz system.
-    static QVector<float> timeAxis(int sampleRate, int deviceTypeId, int systemFrequency,
-                                   int count);
     /// The capture file of `sample0` (a name such as "csv\WAVEFORM_0004.csv") beside the meter
     /// database `dbPath`; when that file is missing, the part from "\csv\" on under the
     /// current directory.

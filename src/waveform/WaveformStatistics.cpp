@@ -5,6 +5,7 @@
 #include "EngineeringNumberText.h"
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
+#include "WaveformTimeBase.h"
 #include "platform/UserText.h"
 
 #include <algorithm>
@@ -34,12 +35,12 @@ WaveformStatistics::WaveformStatistics(const WaveformRecord& record,
 {
 }
 
-WaveformStatistics::Window WaveformStatistics::window(double cursorMs, double stepMs) const
+WaveformStatistics::Window WaveformStatistics::window(double cursorMs) const
 {
     const int n = m_record.pointsInCycle16;
     const int sampleCount = m_channels.sampleCount();
     Window result;
-    result.cursor = stepMs > 0 ? BankersRounding::toInt(cursorMs / stepMs) : 0;
+    result.cursor = WaveformTimeBase::sampleAt(m_record, cursorMs);
     if (static_cast<long long>(result.cursor) + n > sampleCount) {
         result.cursor = sampleCount - n + 1;
         result.moved = true;
@@ -50,7 +51,7 @@ WaveformStatistics::Window WaveformStatistics::window(double cursorMs, double st
 }
 
 WaveformStatistics::ChannelStatistics
-WaveformStatistics::computeChannelStatistics(int channel, double cursorMs, double stepMs) const
+WaveformStatistics::computeChannelStatistics(int channel, double cursorMs) const
 {
     ChannelStatistics result;
     result.rmsText = result.peakText = result.crestText = result.thdText = result.kFactorText =
@@ -61,7 +62,7 @@ WaveformStatistics::computeChannelStatistics(int channel, double cursorMs, doubl
     const QVector<float>& x = m_channels.samples[static_cast<std::size_t>(channel)];
     if (x.size() < n || m_channels.sampleCount() < n)
         return result;
-    result.window = window(cursorMs, stepMs);
+    result.window = window(cursorMs);
     const Window& w = result.window;
 
     // The pass reads x[i - 1] for i from S to E - 1 and skips i = 0: N - 1 samples (N - 2 from
@@ -78,9 +79,11 @@ WaveformStatistics::computeChannelStatistics(int channel, double cursorMs, doubl
     result.rmsValid = result.peakValid = true;
     result.rmsText = EngineeringNumberText::withLeadingZero(result.rms);
     result.peakText = EngineeringNumberText::withLeadingZero(result.peak);
-    if (result.rms != 0.0F)
-        result.crestText = EngineeringNumberText::withLeadingZero(throughSingleText(result.peak) /
-                                                                  throughSingleText(result.rms));
+    if (result.rms != 0.0F) {
+        result.crest = throughSingleText(result.peak) / throughSingleText(result.rms);
+        result.crestValid = true;
+        result.crestText = EngineeringNumberText::withLeadingZero(result.crest);
+    }
 
     if (channel < WaveformChannels::analogCount) {
         result.harmonics = computeHarmonics(channel, w.start);

@@ -52,6 +52,9 @@ public:
         /// In the channel's units (volts, amps).
         float rms = 0;
         float peak = 0;
+        /// Peak over RMS; only meaningful when `crestValid` (both valid, RMS not 0).
+        double crest = 0;
+        bool crestValid = false;
         QString rmsText;
         QString peakText;
         QString crestText;
@@ -66,16 +69,15 @@ public:
     WaveformStatistics(const WaveformRecord& record, const WaveformChannels& channels,
                        HarmonicSpectrum::Method method = HarmonicSpectrum::Method::Fast);
 
-    /// The stretch for a click at `cursorMs` milliseconds with `stepMs` milliseconds per
-    /// sample: the sample number is rounded half to even, moved back when a cycle
-    /// (`pointsInCycle16` samples) would pass the end. A negative or non-finite position
-    /// gives sample 0.
-    Window window(double cursorMs, double stepMs) const;
+    /// The stretch for a click at `cursorMs` milliseconds: the sample of WaveformTimeBase,
+    /// moved back when a cycle (`pointsInCycle16` samples) would pass the end. A negative or
+    /// non-finite position gives sample 0.
+    Window window(double cursorMs) const;
 
     /// All five values of channel 0 to 14 at `cursorMs` (see `window`). A channel number out of
     /// range, an empty capture or one shorter than a cycle gives "N/A" in all five texts.
     /// Harmonics, THD and K-factor are computed for channels 0 to 6 only.
-    ChannelStatistics computeChannelStatistics(int channel, double cursorMs, double stepMs) const;
+    ChannelStatistics computeChannelStatistics(int channel, double cursorMs) const;
 
     /// The harmonic table of channel 0 to 6 over one cycle from sample `start`. K-factor is
     /// "N/A" on the voltage channels 0 to 2. Anything that does not fit fails as described in

@@ -61,7 +61,8 @@ int clsCSVParser::getColumn(int col, int row, int count, QStringList& out, bool 
     out.clear();
     if (count < 1 || row < 0 || row >= Line_Count())
         return 0;
-    out.resize(count);
+    // The count may come from another file: only the lines present get a cell.
+    out.resize(qMin(count, Line_Count() - row));
     int read = 0;
     for (int i = 0; i < count && row + i < Line_Count(); ++i) {
         const clsCSVLine& line = m_lines.at(row + i);

@@ -45,9 +45,10 @@ public:
     /// True when `line` is absent (what Get_Line gives outside the range).
     static bool isLineNothing(const clsCSVLine* line) { return line == nullptr; }
     /// Reads `count` cells of column `col` from line `row` downwards into `out` (resized to
-    /// `count`), stopping quietly at the end of the file. A line too short for the column
-    /// leaves an empty cell with `keepBlanks` and is not counted, else it ends the read.
-    /// Returns the number of cells read; 0 for a count below 1 or a row outside the lines.
+    /// `count`, or to the lines from `row` on when fewer), stopping quietly at the end of the file.
+    /// A line too short for the column leaves an empty cell with `keepBlanks` and is not counted,
+    /// else it ends the read. Returns the number of cells read; 0 for a count below 1 or a row
+    /// outside the lines.
     int getColumn(int col, int row, int count, QStringList& out, bool keepBlanks) const;
     /// Line `row`, or nullptr outside the range.
     const clsCSVLine* Get_Line(int row) const;

@@ -306,9 +306,7 @@ TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)
     EXPECT_EQ(open.position, last);
     EXPECT_EQ(open.series.size(), waves.rows.size());
     EXPECT_EQ(open.series.at(last), waves.rowKeys.at(last).value("RecCounter").toInt());
-    EXPECT_TRUE(open.caption.contains(QRegularExpression(
-        QStringLiteral("^(Waveforms|Transients) #\\d+, .+: (Waveform|Transient)$"))))
-        << open.caption.toStdString();
+    EXPECT_EQ(open.caption, session.result().rangeText);
     const auto setting = session.rowDetail(0, 0);
     ASSERT_TRUE(setting.has_value());
     EXPECT_EQ(setting->rows.at(1).first(), QStringLiteral("HookUp"));

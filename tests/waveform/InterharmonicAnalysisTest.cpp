@@ -141,9 +141,10 @@ TEST(InterharmonicAnalysis, WindowLengthsAndFitRules)
     record.sampleCount = 1024;
     record.hasNext1 = record.hasNext2 = false;
     record.windowStart = 10;
-    EXPECT_TRUE(InterharmonicAnalysis::placeMark(record, 101).ok);
+    // 26.3 ms at 64 samples a 60 Hz cycle is sample 101.
+    EXPECT_TRUE(InterharmonicAnalysis::placeMark(record, 26.3).ok);
     EXPECT_EQ(record.windowStart, 100);
-    EXPECT_FALSE(InterharmonicAnalysis::placeMark(record, 600).ok);
+    EXPECT_FALSE(InterharmonicAnalysis::placeMark(record, 600 * 0.2604167).ok);
     EXPECT_EQ(record.windowStart, 100);
 }
 

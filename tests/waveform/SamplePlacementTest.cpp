@@ -182,8 +182,4 @@ TEST(SamplePlacement, SampleCountsAndTimeAxes)
     EXPECT_EQ(WaveformRecordLoader::sampleCount(16, 4, {}), 2048);
     EXPECT_EQ(WaveformRecordLoader::sampleCount(128, 5, QStringLiteral("1024,4096,8")), 4096);
     EXPECT_EQ(WaveformRecordLoader::sampleCount(128, 5, QStringLiteral("garbage")), 0);
-    // 50 Hz only for device type 0; every other family stays on 60 Hz.
-    EXPECT_NEAR(WaveformRecordLoader::timeAxis(32, 0, 50, 4).at(1), 0.63, 1e-6);
-    EXPECT_NEAR(WaveformRecordLoader::timeAxis(32, 3, 50, 4).at(1), 0.52, 1e-6);
-    EXPECT_NEAR(WaveformRecordLoader::timeAxis(32, 0, 60, 4).at(1), 0.52, 1e-6);
 }

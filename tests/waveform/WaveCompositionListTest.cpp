@@ -68,7 +68,10 @@ TEST(WaveCompositionList, SectionAndCompleteTexts)
 
     // 1234.5 ms past the second moves the clock on one second.
     EXPECT_EQ(WaveCompositionList::legend(i), QStringLiteral("10:16:00.2345 Van"));
-    EXPECT_DOUBLE_EQ(WaveCompositionList::timeStep(60, 128), 0.130);
-    EXPECT_DOUBLE_EQ(WaveCompositionList::timeStep(50, 16), 1.250);
-    EXPECT_EQ(WaveCompositionList::timeStep(60, 0), 0);
+    // Fault 8: the step was rounded to 0.033 before it multiplied, stretching the axis of a
+    // 512-sample capture by 1.4 % (135.14 ms in place of 133.30 at its last sample).
+    EXPECT_FLOAT_EQ(WaveCompositionList::timeAxis(60, 512, 4096).last(), 133.301F);
+    EXPECT_FLOAT_EQ(WaveCompositionList::timeAxis(60, 1024, 4096).last(), 66.65F);
+    EXPECT_FLOAT_EQ(WaveCompositionList::timeAxis(50, 16, 2).last(), 1.25F);
+    EXPECT_EQ(WaveCompositionList::timeAxis(60, 0, 3), QVector<float>(3, 0.0F));
 }

@@ -117,3 +117,20 @@ TEST(WaveDisplaySettings, WriteUsesTheWriteSpellingAndReadsBack)
     EXPECT_EQ(back.talmoFreq, 50);
     EXPECT_EQ(back.interHarmonicFreq, 50);
 }
+
+TEST(WaveDisplaySettings, Fault9TheFrequencyMenuWritesItsOwnKeyOnly)
+{
+    QTemporaryDir dir;
+    const QString path = writeIni(dir, "[Waveform]\r\nDisplayMode=Overlay\r\nPointSize=7\r\n");
+    ASSERT_TRUE(WaveDisplaySettings::writeInterHarmonicFreq(path, 50));
+    const WaveDisplaySettings s = WaveDisplaySettings::read(path);
+    EXPECT_EQ(s.interHarmonicFreq, 50);
+    EXPECT_EQ(s.displayMode, WaveDisplaySettings::DisplayMode::Overlay);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    // The damaged point size stays as the user wrote it, and no other display key appears.
+    EXPECT_TRUE(text.contains("PointSize=7"));
+    EXPECT_FALSE(text.contains("PlotMode"));
+    EXPECT_FALSE(text.contains("OverlayItems"));
+}

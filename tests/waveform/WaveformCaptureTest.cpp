@@ -45,6 +45,15 @@ struct OpenedQuery
                          where))
             .toInt();
     }
+    /// Opens the first row matching `where` into `capture`; its `RecCounter`, 0 when it fails.
+    qint32 open(WaveformCapture& capture, const QString& where)
+    {
+        const qint32 rc = recCounter(where);
+        EXPECT_GT(rc, 0) << where.toStdString();
+        const bool opened = rc > 0 && capture.open(db(), numbers, rc);
+        EXPECT_TRUE(opened) << capture.message().toStdString();
+        return opened ? rc : 0;
+    }
 };
 
 double rms(const QVector<float>& samples, int from, int count)
@@ -143,10 +152,9 @@ TEST(WaveformCapture, SagLevelAfterTheTriggerAndContiguousRows)
 TEST(WaveformCapture, TransientSpikeAtTheTriggerSample)
 {
     OpenedQuery query(WaveformSimMeters::standard());
-    const qint32 rc = query.recCounter(QStringLiteral("[TriggeredBy1] LIKE '% Transient'"));
-    ASSERT_GT(rc, 0);
     WaveformCapture capture;
-    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc)) << capture.message().toStdString();
+    const qint32 rc = query.open(capture, QStringLiteral("[TriggeredBy1] LIKE '% Transient'"));
+    ASSERT_GT(rc, 0);
     const WaveformRecord& r = capture.record();
     ASSERT_EQ(r.sampleRate, 512);
     EXPECT_EQ(r.sampleCount, 4096);
@@ -166,10 +174,10 @@ TEST(WaveformCapture, TransientSpikeAtTheTriggerSample)
 TEST(WaveformCapture, TalmoSixteenPerCycleHas960SamplesOnA50HzAxis)
 {
     OpenedQuery query(WaveformSimMeters::talmo());
-    const qint32 rc = query.recCounter(QStringLiteral("[Index]=3 AND [TriggeredBy1]='Periodic'"));
-    ASSERT_GT(rc, 0);
     WaveformCapture capture;
-    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc)) << capture.message().toStdString();
+    const qint32 rc =
+        query.open(capture, QStringLiteral("[Index]=3 AND [TriggeredBy1]='Periodic'"));
+    ASSERT_GT(rc, 0);
     EXPECT_EQ(capture.record().deviceTypeId, 0);
     EXPECT_EQ(capture.record().sampleCount, 960);
     EXPECT_EQ(capture.record().systemFrequency, 50);
@@ -181,10 +189,9 @@ TEST(WaveformCapture, TalmoSixteenPerCycleHas960SamplesOnA50HzAxis)
 TEST(WaveformCapture, SplitMeterCaptureFilesAndAMissingFile)
 {
     OpenedQuery query(WaveformSimMeters::split());
-    const qint32 rc = query.recCounter(QStringLiteral("[TriggeredBy1]='Periodic'"));
-    ASSERT_GT(rc, 0);
     WaveformCapture capture;
-    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc)) << capture.message().toStdString();
+    const qint32 rc = query.open(capture, QStringLiteral("[TriggeredBy1]='Periodic'"));
+    ASSERT_GT(rc, 0);
     const WaveformRecord& r = capture.record();
     ASSERT_NE(capture.csvFile(), nullptr);
     EXPECT_FALSE(capture.csvFile()->transient());
@@ -197,10 +204,9 @@ TEST(WaveformCapture, SplitMeterCaptureFilesAndAMissingFile)
                     r.rmsValues[c < 3 ? c : c + 1], 0.3)
             << c;
 
-    const qint32 transient = query.recCounter(QStringLiteral("[TriggeredBy1] LIKE '% Transient'"));
-    ASSERT_GT(transient, 0);
     WaveformCapture spike;
-    ASSERT_TRUE(spike.open(query.db(), query.numbers, transient)) << spike.message().toStdString();
+    const qint32 transient = query.open(spike, QStringLiteral("[TriggeredBy1] LIKE '% Transient'"));
+    ASSERT_GT(transient, 0);
     ASSERT_NE(spike.csvFile(), nullptr);
     EXPECT_TRUE(spike.csvFile()->transient());
     EXPECT_TRUE(spike.csvFile()->factors().found());
@@ -236,4 +242,102 @@ TEST(WaveformCapture, SplitMeterCaptureFilesAndAMissingFile)
     EXPECT_FALSE(failed.isOpen());
     EXPECT_FALSE(failed.open(query.db(), query.numbers, 999999));
     EXPECT_EQ(failed.failure(), WaveformCapture::Failure::RecordMissing);
+}
+
+TEST(WaveformCapture, Faults2And3DamagedCaptureFilesAndAbsurdCountsAreRefusedByName)
+{
+    OpenedQuery query(WaveformSimMeters::split());
+    WaveformCapture good;
+    const qint32 rc = query.open(good, QStringLiteral("[TriggeredBy1]='Periodic'"));
+    ASSERT_GT(rc, 0);
+    QFile original(good.record().csvPath);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    const QByteArray text = original.readAll();
+    const QString sample1 = QStringLiteral("%1,%2,8").arg(good.record().sampleRate);
+    const QString rows = QString::number(good.record().sampleCount);
+    const qsizetype firstSample = text.indexOf("\r\n", text.indexOf("Waveform Samples Start")) + 2;
+    // The first sample row with the cell of the first channel (the fifth) replaced.
+    const auto withFirstSample = [&](const QByteArray& cell) {
+        const qsizetype end = text.indexOf("\r\n", firstSample);
+        QList<QByteArray> cells = text.mid(firstSample, end - firstSample).split(',');
+        cells[4] = cell;
+        return text.left(firstSample) + cells.join(',') + text.mid(end);
+    };
+
+    struct Damage
+    {
+        const char* what;
+        QByteArray file;
+        QString count;
+        const char* said;
+    };
+    const Damage damages[] = {
+        {"a count no file can hold", text, QStringLiteral("2000000000"),
+         "the record gives 2000000000 samples a channel, but the file has room for"},
+        {"a count of thirty million", text, QStringLiteral("30000000"), "has room for"},
+        {"a count above the file's rows", text, QString::number(rows.toInt() + 50), "has room for"},
+        {"line feeds only", QByteArray(text).replace("\r\n", "\n"), rows, "line feed alone"},
+        {"truncated", text.left(firstSample + 200), rows, "has room for"},
+        {"random bytes", QByteArray(4000, '\x9c') + "\x01\x02,\x03\r\n", rows,
+         "no \"Waveform Samples Start\" row"},
+        {"a sample that reads NaN", withFirstSample("nan"), rows,
+         "holds \"nan\" as a sample of channel"},
+        {"a sample that reads infinity", withFirstSample("-inf"), rows,
+         "holds \"-inf\" as a sample"},
+    };
+    QTemporaryDir elsewhere;
+    ASSERT_TRUE(QDir(elsewhere.path()).mkpath(QStringLiteral("csv")));
+    query.db().execute(
+        QStringLiteral("UPDATE %1 SET [DBPath]=?")
+            .arg(SqlIdentifier::quote(query.numbers.table(QStringLiteral("LogDevices_")))),
+        {elsewhere.filePath(QStringLiteral("meter.db"))});
+    int n = 0;
+    for (const Damage& damage : damages) {
+        SCOPED_TRACE(damage.what);
+        const QString name = QStringLiteral("csv/DAMAGED_%1.csv").arg(++n);
+        QFile file(elsewhere.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(damage.file);
+        file.close();
+        query.db().execute(QStringLiteral("UPDATE %1 SET [sample0]=?, [sample1]=? WHERE "
+                                          "[RecCounter]=?")
+                               .arg(SqlIdentifier::quote(
+                                   query.numbers.sliceTable(QStringLiteral("WaveformLog_")))),
+                           {QString(name).replace(u'/', u'\\'), sample1.arg(damage.count), rc});
+        WaveformCapture capture;
+        EXPECT_FALSE(capture.open(query.db(), query.numbers, rc));
+        EXPECT_EQ(capture.failure(), WaveformCapture::Failure::FileDamaged);
+        EXPECT_TRUE(capture.message().startsWith(QStringLiteral("The capture file ") +
+                                                 elsewhere.filePath(name) +
+                                                 QStringLiteral(" of waveform record %1 ").arg(rc)))
+            << capture.message().toStdString();
+        EXPECT_TRUE(capture.message().contains(QLatin1String(damage.said)))
+            << capture.message().toStdString();
+        EXPECT_EQ(capture.channels().sampleCount(), 0);
+    }
+}
+
+TEST(WaveformCapture, Faults10And11AbsentRmsValuesAndTheLabelsOfCaptureFiles)
+{
+    // Fault 10: a value the row does not hold read as 0 and never showed "N/A".
+    OpenedQuery standard(WaveformSimMeters::standard());
+    const qint32 row = standard.recCounter(QStringLiteral("[TriggeredBy1]='Periodic'"));
+    standard.db().execute(
+        QStringLiteral("UPDATE %1 SET [V8]=NULL WHERE [RecCounter]=?")
+            .arg(SqlIdentifier::quote(standard.numbers.sliceTable(QStringLiteral("WaveformLog_")))),
+        {row});
+    WaveformCapture absent;
+    ASSERT_TRUE(absent.open(standard.db(), standard.numbers, row));
+    EXPECT_TRUE(std::isnan(absent.record().rmsValues[8]));
+    EXPECT_FALSE(std::isnan(absent.record().rmsValues[0]));
+
+    // Fault 11: a capture file fills Va .. I_n in file order; a recorded I_n read "In-N/A" by
+    // the rule of the 512-sample database rows.
+    OpenedQuery split(WaveformSimMeters::split());
+    WaveformCapture file;
+    ASSERT_GT(split.open(file, QStringLiteral("[SampleRate]=512 AND [TriggeredBy1]='Periodic'")),
+              0);
+    ASSERT_TRUE(file.channels().recorded[WaveformChannels::In]);
+    EXPECT_EQ(file.channels().labels[WaveformChannels::In], QStringLiteral("In"));
+    EXPECT_EQ(file.channels().labels[WaveformChannels::Vb], QStringLiteral("Vbn"));
 }

@@ -64,6 +64,9 @@ TEST(WaveformProperties, RowsInOrderOnlyWithData)
     EXPECT_EQ(value(rows, "Waveform Trigger Date/Time"),
               QStringLiteral("2024-03-04 07:00:01.2505"));
     EXPECT_EQ(value(rows, "Hookup"), QStringLiteral("Wye"));
+    // Fault 10: the module row was missing.
+    EXPECT_EQ(n.indexOf("B-Pack Module"), n.indexOf("Hookup") + 1);
+    EXPECT_EQ(value(rows, "B-Pack Module"), QStringLiteral("Yes"));
     EXPECT_EQ(value(rows, "Capture Item(s)"), QStringLiteral("V a, b, c, I a, b, c, In"));
     EXPECT_EQ(value(rows, "Van RMS"), QStringLiteral("120.46"));
     EXPECT_EQ(value(rows, "In RMS"), QStringLiteral("N/A"));

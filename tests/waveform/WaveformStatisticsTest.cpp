@@ -4,6 +4,7 @@
 #include "waveform/EngineeringNumberText.h"
 #include "waveform/WaveformChannels.h"
 #include "waveform/WaveformRecord.h"
+#include "waveform/WaveformTimeBase.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -46,7 +47,7 @@ struct Capture
             }
         }
     }
-    double stepMs() const { return 1.0 / record.sampleRate / 60 * 1000; }
+    double stepMs() const { return WaveformTimeBase::stepMs(record); }
 };
 
 } // namespace
@@ -58,8 +59,8 @@ TEST(WaveformStatistics, PureSineOnVoltageAndCurrentChannels)
     const Capture capture(n, 8, amplitude, {});
     const WaveformStatistics statistics(capture.record, capture.channels);
     // Cursor at sample 40: the pass covers N - 1 samples of a whole cycle over a divisor of N.
-    const auto current = statistics.computeChannelStatistics(
-        WaveformChannels::Ia, 40 * capture.stepMs(), capture.stepMs());
+    const auto current =
+        statistics.computeChannelStatistics(WaveformChannels::Ia, 40 * capture.stepMs());
     ASSERT_TRUE(current.rmsValid);
     EXPECT_EQ(current.window.start, 39);
     EXPECT_EQ(current.window.end, 39 + n - 1);
@@ -75,8 +76,8 @@ TEST(WaveformStatistics, PureSineOnVoltageAndCurrentChannels)
     const double crest = std::stod(current.crestText.toStdString());
     EXPECT_NEAR(crest, amplitude / current.rms, 0.006);
 
-    const auto voltage = statistics.computeChannelStatistics(
-        WaveformChannels::Va, 40 * capture.stepMs(), capture.stepMs());
+    const auto voltage =
+        statistics.computeChannelStatistics(WaveformChannels::Va, 40 * capture.stepMs());
     EXPECT_EQ(voltage.rmsText, current.rmsText);
     EXPECT_EQ(voltage.thdText, ".00");
     EXPECT_EQ(voltage.kFactorText, "N/A");
@@ -130,26 +131,26 @@ TEST(WaveformStatistics, CursorWindowAndTheFirstSampleShortfall)
     capture.channels.samples[WaveformChannels::In].fill(2.0F);
     const WaveformStatistics statistics(capture.record, capture.channels);
     const double step = capture.stepMs();
-    const auto first = statistics.computeChannelStatistics(WaveformChannels::In, 0, step);
+    const auto first = statistics.computeChannelStatistics(WaveformChannels::In, 0);
     EXPECT_EQ(first.window.start, 0);
     EXPECT_NEAR(first.rms, 2.0 * std::sqrt(62.0 / 64.0), 1e-6);
-    const auto later = statistics.computeChannelStatistics(WaveformChannels::In, 10 * step, step);
+    const auto later = statistics.computeChannelStatistics(WaveformChannels::In, 10 * step);
     EXPECT_EQ(later.window.start, 9);
     EXPECT_NEAR(later.rms, 2.0 * std::sqrt(63.0 / 64.0), 1e-6);
     EXPECT_EQ(later.peakText, "2.00");
     EXPECT_EQ(later.crestText, "1.01"); // 2 / 1.98431
 
     // Half-sample positions round to even.
-    EXPECT_EQ(statistics.window(2.5 * step, step).cursor, 2);
-    EXPECT_EQ(statistics.window(3.5 * step, step).cursor, 4);
+    EXPECT_EQ(statistics.window(2.5 * step).cursor, 2);
+    EXPECT_EQ(statistics.window(3.5 * step).cursor, 4);
     // A click on the last sample moves the cursor back so that one cycle fits.
-    const auto last = statistics.window((1024 - 1) * step, step);
+    const auto last = statistics.window((1024 - 1) * step);
     EXPECT_TRUE(last.moved);
     EXPECT_EQ(last.cursor, 1024 - 64 + 1);
     EXPECT_EQ(last.start, 1024 - 64);
     EXPECT_EQ(last.end, 1023);
-    EXPECT_FALSE(statistics.window(100 * step, step).moved);
-    EXPECT_EQ(statistics.window(-50, step).start, 0);
+    EXPECT_FALSE(statistics.window(100 * step).moved);
+    EXPECT_EQ(statistics.window(-50).start, 0);
 }
 
 TEST(WaveformStatistics, FailuresReadNotAvailable)
@@ -157,7 +158,7 @@ TEST(WaveformStatistics, FailuresReadNotAvailable)
     // A flat channel has no fundamental: zero bars labelled 0, 1, 2 ... and no THD or K.
     Capture capture(32, 32, 0.0, {});
     const WaveformStatistics statistics(capture.record, capture.channels);
-    const auto flat = statistics.computeChannelStatistics(WaveformChannels::Ic, 5, 0.52);
+    const auto flat = statistics.computeChannelStatistics(WaveformChannels::Ic, 5);
     EXPECT_EQ(flat.rmsText, "0.00");
     EXPECT_EQ(flat.crestText, "N/A");
     EXPECT_EQ(flat.thdText, "N/A");
@@ -171,12 +172,12 @@ TEST(WaveformStatistics, FailuresReadNotAvailable)
     // Inputs get RMS and peak but no harmonics; a channel out of range and an empty capture
     // get nothing.
     capture.channels.samples[8].fill(3.0F);
-    const auto input = statistics.computeChannelStatistics(8, 100, 0.52);
+    const auto input = statistics.computeChannelStatistics(8, 100);
     EXPECT_EQ(input.peakText, "3.00");
     EXPECT_EQ(input.thdText, "N/A");
-    for (const auto& none : {statistics.computeChannelStatistics(15, 0, 0.52),
-                             WaveformStatistics(capture.record, WaveformChannels())
-                                 .computeChannelStatistics(0, 0, 0.52)}) {
+    for (const auto& none :
+         {statistics.computeChannelStatistics(15, 0),
+          WaveformStatistics(capture.record, WaveformChannels()).computeChannelStatistics(0, 0)}) {
         EXPECT_FALSE(none.rmsValid);
         EXPECT_EQ(WaveformStatistics::annotationText(none),
                   "RMS:      N/A\nPeak:     N/A\nCrest:    N/A\n%THD:   N/A\nK-Fac:    N/A");

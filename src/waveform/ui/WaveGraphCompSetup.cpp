@@ -16,8 +16,9 @@
 namespace lorvane {
 
 WaveGraphCompSetup::WaveGraphCompSetup(const QList<WaveCompositionItem>& available,
-                                       double sectionStart, double sectionEnd, QWidget* parent)
-    : QDialog(parent), m_available(available), m_sectionStart(sectionStart),
+                                       double sectionStart, double sectionEnd,
+                                       const WaveCompositionList& selected, QWidget* parent)
+    : QDialog(parent), m_available(available), m_selected(selected), m_sectionStart(sectionStart),
       m_sectionEnd(sectionEnd), m_left(new QTableWidget), m_right(new QTableWidget),
       m_entire(new QRadioButton(userText("503300", "Use Entire Capture"))),
       m_window(new QRadioButton(userText("503301", "Use Selected Window"))), m_property(new QLabel)
@@ -32,6 +33,7 @@ WaveGraphCompSetup::WaveGraphCompSetup(const QList<WaveCompositionItem>& availab
         table->verticalHeader()->hide();
     }
     fill(m_left, m_available);
+    fill(m_right, m_selected.items());
     m_entire->setChecked(true);
     m_property->setWordWrap(true);
     connect(m_left, &QTableWidget::currentCellChanged, this, [this](int row) {

@@ -18,10 +18,12 @@ class WaveGraphCompSetup : public QDialog
     Q_OBJECT
 
 public:
-    /// `available` fills "Current Waveform Items"; a section uses [sectionStart, sectionEnd]
-    /// ms (-1 when no stretch is chosen).
+    /// `available` fills "Current Waveform Items", `selected` (the list as it was left)
+    /// "Selected Waveform Items"; a section uses [sectionStart, sectionEnd] ms (-1 when no
+    /// stretch is chosen).
     WaveGraphCompSetup(const QList<WaveCompositionItem>& available, double sectionStart,
-                       double sectionEnd, QWidget* parent = nullptr);
+                       double sectionEnd, const WaveCompositionList& selected = {},
+                       QWidget* parent = nullptr);
 
     /// Add >>: the selected left row to the right list (messages as the list gives them).
     void add();

@@ -62,7 +62,7 @@ void WaveStripChart::clearCurves()
 
 void WaveStripChart::addCurve(const QString& name, const QVector<float>* time,
                               const QVector<float>* values, const QColor& color, Qt::PenStyle style,
-                              qreal width, bool line, qreal pointSize)
+                              qreal width, bool line, qreal pointSize, const QImage& marker)
 {
     QXYSeries* series = nullptr;
     if (line) {
@@ -78,6 +78,10 @@ void WaveStripChart::addCurve(const QString& name, const QVector<float>* time,
         scatter->setColor(color);
         scatter->setBorderColor(color);
         series = scatter;
+    }
+    if (!marker.isNull() && pointSize > 0) {
+        series->setLightMarker(marker);
+        series->setMarkerSize(pointSize);
     }
     series->setName(name);
     connect(series, &QXYSeries::hovered, this, [this](const QPointF& point, bool state) {

@@ -37,10 +37,11 @@ public:
     /// Removes every curve; titles stay.
     void clearCurves();
     /// Adds a curve of samples over `time` (both must outlive the next `clearCurves`).
-    /// `points` draws markers of `pointSize` pixels instead of (or with) the line.
+    /// `points` draws markers of `pointSize` pixels instead of (or with) the line, drawn as
+    /// `marker` when one is given.
     void addCurve(const QString& name, const QVector<float>* time, const QVector<float>* values,
                   const QColor& color, Qt::PenStyle style = Qt::SolidLine, qreal width = 1.5,
-                  bool line = true, qreal pointSize = 0);
+                  bool line = true, qreal pointSize = 0, const QImage& marker = {});
     void setTitles(const QString& title, const QString& xTitle, const QString& yTitle);
     /// Shows [xMin, xMax]; the curves are thinned again for that range.
     void setXRange(double xMin, double xMax);

@@ -211,7 +211,8 @@ TEST(TalHistView, WaveformGraphAndClipboardCopy)
     ASSERT_EQ(waves.count(), 1);
     EXPECT_EQ(waves.first().at(2).toInt(), 1);
     EXPECT_EQ(waves.first().at(1).value<QList<qint32>>().size(), w.rows(0));
-    EXPECT_TRUE(waves.first().at(3).toString().contains(QStringLiteral(" #")));
+    // The range text, from which the window makes its caption.
+    EXPECT_FALSE(waves.first().at(3).toString().isEmpty());
 
     grid->clearSelection();
     const QAbstractItemModel* model = grid->model();

@@ -3,11 +3,15 @@
 // clicked cycle, marks, zoom, navigation, the interharmonic view, exports and printing.
 #include "waveform/ui/TalWaveGraphPE.h"
 
-#include "WaveWindowFixture.h"
 #include "app/ui/frmProgress.h"
 #include "platform/UserMessages.h"
+#include "support/WaveWindowFixture.h"
 #include "support/ui/Screenshot.h"
 #include "waveform/ui/WaveBarChart.h"
+#include "waveform/ui/WaveCapturePage.h"
+#include "waveform/ui/WaveCompositionPage.h"
+#include "waveform/ui/WaveGraphButtons.h"
+#include "waveform/ui/WaveInterharmonicPage.h"
 #include "waveform/ui/frmSetYExtents.h"
 #include "waveform/ui/selWaveGraph_Export.h"
 
@@ -16,6 +20,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -52,43 +57,45 @@ TEST(TalWaveGraphPE, OpensACaptureWithStripsLabelsAndCycleStatistics)
     window.show();
     const WaveformChannels& channels = window.capture().channels();
     for (int c = 0; c < 7; ++c) {
-        ASSERT_NE(window.strip(c), nullptr);
-        EXPECT_EQ(window.strip(c)->chart()->title(), channels.labels.at(c));
-        EXPECT_GT(window.strip(c)->pointsShown(), 0);
+        ASSERT_NE(window.capturePage()->strip(c), nullptr);
+        EXPECT_EQ(window.capturePage()->strip(c)->chart()->title(), channels.labels.at(c));
+        EXPECT_GT(window.capturePage()->strip(c)->pointsShown(), 0);
     }
-    EXPECT_EQ(window.strip(0)->chart()->title(), QStringLiteral("Van"));
-    EXPECT_EQ(window.strip(TalWaveGraphPE::inputsGraph)->chart()->title(),
+    EXPECT_EQ(window.capturePage()->strip(0)->chart()->title(), QStringLiteral("Van"));
+    EXPECT_EQ(window.capturePage()->strip(TalWaveGraphPE::inputsGraph)->chart()->title(),
               QStringLiteral("Inputs"));
-    EXPECT_TRUE(hasAnnotation(window.strip(0), QStringLiteral("Trigger")));
+    EXPECT_TRUE(hasAnnotation(window.capturePage()->strip(0), QStringLiteral("Trigger")));
     EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("Main Switchboard - Waveform #")));
     // The chart never holds more than a few points per pixel column.
-    EXPECT_LT(window.strip(0)->pointsShown(), channels.sampleCount() + 3);
+    EXPECT_LT(window.capturePage()->strip(0)->pointsShown(), channels.sampleCount() + 3);
     lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-window"));
 
     window.setDetailsOn(true);
-    EXPECT_EQ(window.command(TalWaveGraphPE::Details)->text(),
+    EXPECT_EQ(window.buttons()->command(TalWaveGraphPE::Details)->text(),
               QStringLiteral("Waveform &Details Off"));
     window.clickAt(3, 5.0);
-    EXPECT_EQ(window.statistics().thdText, QStringLiteral(".00"));
-    EXPECT_EQ(window.statistics().kFactorText, QStringLiteral("1.00"));
-    const QStringList lines = window.statisticsText().split(u'\n');
+    EXPECT_EQ(window.session().statistics().thdText, QStringLiteral(".00"));
+    EXPECT_EQ(window.session().statistics().kFactorText, QStringLiteral("1.00"));
+    const QStringList lines = window.session().statisticsText().split(u'\n');
     ASSERT_EQ(lines.size(), 5);
     EXPECT_TRUE(lines.at(3).startsWith(QStringLiteral("%THD:")));
     EXPECT_TRUE(lines.at(3).endsWith(QStringLiteral(".00")));
-    EXPECT_EQ(window.strip(3)->textBlock(), window.statisticsText());
-    EXPECT_TRUE(window.strip(0)->isHidden()) << "the detail view shows the focus strip only";
-    ASSERT_TRUE(window.harmonicChart()->isVisible());
-    ASSERT_GT(window.harmonicChart()->values().size(), 2);
-    EXPECT_NEAR(window.harmonicChart()->values().at(1), 100.0, 1e-3);
+    EXPECT_EQ(window.capturePage()->strip(3)->textBlock(), window.session().statisticsText());
+    EXPECT_TRUE(window.capturePage()->strip(0)->isHidden())
+        << "the detail view shows the focus strip only";
+    ASSERT_TRUE(window.capturePage()->harmonicChart()->isVisible());
+    ASSERT_GT(window.capturePage()->harmonicChart()->values().size(), 2);
+    EXPECT_NEAR(window.capturePage()->harmonicChart()->values().at(1), 100.0, 1e-3);
     EXPECT_TRUE(window.graphNames().contains(QStringLiteral("Harmonic")));
     lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-details"));
 
     window.setDetailsOn(false);
-    EXPECT_FALSE(window.harmonicChart()->isVisible());
-    EXPECT_TRUE(window.strip(0)->isVisible());
+    EXPECT_FALSE(window.capturePage()->harmonicChart()->isVisible());
+    EXPECT_TRUE(window.capturePage()->strip(0)->isVisible());
     window.setNeutralOn(false);
-    EXPECT_TRUE(window.strip(6)->isHidden());
-    EXPECT_EQ(window.command(TalWaveGraphPE::NeutralCurrent)->text(), QStringLiteral("I&n On"));
+    EXPECT_TRUE(window.capturePage()->strip(6)->isHidden());
+    EXPECT_EQ(window.buttons()->command(TalWaveGraphPE::NeutralCurrent)->text(),
+              QStringLiteral("I&n On"));
 }
 
 TEST(TalWaveGraphPE, MarksZoomAndNavigation)
@@ -102,32 +109,33 @@ TEST(TalWaveGraphPE, MarksZoomAndNavigation)
     // Mark 2 left of Mark 1: the duration stays positive.
     window.setMark(1, 20.0);
     window.setMark(2, 7.66);
-    EXPECT_TRUE(hasAnnotation(window.strip(0), QStringLiteral("     Duration = 12.34ms")));
-    EXPECT_TRUE(hasAnnotation(window.strip(5), QStringLiteral("Mark 2")));
+    EXPECT_TRUE(
+        hasAnnotation(window.capturePage()->strip(0), QStringLiteral("     Duration = 12.34ms")));
+    EXPECT_TRUE(hasAnnotation(window.capturePage()->strip(5), QStringLiteral("Mark 2")));
     messages.setAnswer(false);
     window.clearMarks();
-    EXPECT_TRUE(window.marks().bothSet());
+    EXPECT_TRUE(window.session().marks().bothSet());
     EXPECT_EQ(messages.texts().last(),
               QStringLiteral("Are you sure you want to clear the markers?"));
     messages.setAnswer(true);
     window.clearMarks();
-    EXPECT_FALSE(window.marks().isSet(1));
-    EXPECT_FALSE(hasAnnotation(window.strip(0), QStringLiteral("Mark 1")));
+    EXPECT_FALSE(window.session().marks().isSet(1));
+    EXPECT_FALSE(hasAnnotation(window.capturePage()->strip(0), QStringLiteral("Mark 1")));
 
-    const double fullEnd = window.strip(0)->xMax();
+    const double fullEnd = window.capturePage()->strip(0)->xMax();
     window.zoomTo(10.0, 20.0);
     for (int c = 0; c < 8; ++c) {
-        EXPECT_DOUBLE_EQ(window.strip(c)->xMin(), 10.0) << c;
-        EXPECT_DOUBLE_EQ(window.strip(c)->xMax(), 20.0) << c;
+        EXPECT_DOUBLE_EQ(window.capturePage()->strip(c)->xMin(), 10.0) << c;
+        EXPECT_DOUBLE_EQ(window.capturePage()->strip(c)->xMax(), 20.0) << c;
     }
-    EXPECT_EQ(window.command(TalWaveGraphPE::Close)->text(), QStringLiteral("&CLOSE"));
+    EXPECT_EQ(window.buttons()->command(TalWaveGraphPE::Close)->text(), QStringLiteral("&CLOSE"));
     window.zoomTo(12.0, 14.0);
     window.undoZoom();
-    EXPECT_DOUBLE_EQ(window.strip(3)->xMin(), 10.0);
+    EXPECT_DOUBLE_EQ(window.capturePage()->strip(3)->xMin(), 10.0);
     window.zoomOutAll();
-    EXPECT_EQ(window.zoomDepth(), 0);
-    EXPECT_DOUBLE_EQ(window.strip(3)->xMax(), fullEnd);
-    EXPECT_EQ(window.command(TalWaveGraphPE::Close)->text(), QStringLiteral("&Close"));
+    EXPECT_EQ(window.session().zoom().depth(), 0);
+    EXPECT_DOUBLE_EQ(window.capturePage()->strip(3)->xMax(), fullEnd);
+    EXPECT_EQ(window.buttons()->command(TalWaveGraphPE::Close)->text(), QStringLiteral("&Close"));
 
     // Prev on the first row leaves the capture as it is.
     const qint32 first = window.capture().record().recCounter;
@@ -136,14 +144,14 @@ TEST(TalWaveGraphPE, MarksZoomAndNavigation)
     EXPECT_EQ(messages.texts(), QStringList{"This is the first waveform in this series."});
     EXPECT_EQ(window.capture().record().recCounter, first);
     window.step(1);
-    EXPECT_EQ(window.position(), 1);
+    EXPECT_EQ(window.session().position(), 1);
     EXPECT_EQ(window.capture().record().recCounter, fixture.series().at(1));
     const int last = static_cast<int>(fixture.series().size()) - 1;
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), last, "last"));
     messages.clear();
     window.step(1);
     EXPECT_EQ(messages.texts(), QStringList{"This is the last waveform in this series."});
-    EXPECT_EQ(window.position(), last);
+    EXPECT_EQ(window.session().position(), last);
 
     // A row the query does not hold: the loader's message, no capture.
     messages.clear();
@@ -151,7 +159,7 @@ TEST(TalWaveGraphPE, MarksZoomAndNavigation)
     EXPECT_FALSE(missing.open(fixture.numbers(), {999999}, 0, "missing"));
     ASSERT_EQ(messages.texts().size(), 1);
     EXPECT_FALSE(messages.texts().first().isEmpty());
-    EXPECT_FALSE(missing.command(TalWaveGraphPE::ExportData)->isEnabled());
+    EXPECT_FALSE(missing.buttons()->command(TalWaveGraphPE::ExportData)->isEnabled());
 }
 
 TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
@@ -169,16 +177,21 @@ TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
     window.clickAt(3, 1.0);
     ASSERT_TRUE(window.showInterharmonic()) << messages.texts().join(u'\n').toStdString();
     EXPECT_EQ(window.view(), 1);
-    EXPECT_TRUE(window.interharmonicTrace()->chart()->title().startsWith(
+    EXPECT_TRUE(window.interharmonicPage()->trace()->chart()->title().startsWith(
         QStringLiteral("Waveform for Interharmonic Analysis")));
-    EXPECT_TRUE(window.interharmonicGroups()->chart()->title().startsWith(
+    EXPECT_TRUE(window.interharmonicPage()->groups()->chart()->title().startsWith(
         QStringLiteral("IEC-1000-2-1[1] Interharmonic Spectrum")));
     // The tone at 1.5 times 60 Hz is 5 % of the fundamental, in the 5 Hz bin of 90 Hz.
-    const QVector<double>& spectrum = window.interharmonicSpectrum()->values();
+    const QVector<double>& spectrum = window.interharmonicPage()->spectrum()->values();
     ASSERT_GT(spectrum.size(), 18);
     EXPECT_NEAR(spectrum.at(12), 100.0, 0.5);
     EXPECT_NEAR(spectrum.at(18), 5.0, 0.5);
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Interharmonic);
+    // Fault 12: the caption names the window's start, the axis notes its frequency.
+    EXPECT_TRUE(
+        window.windowTitle().endsWith(QStringLiteral(" - Interharmonic window from 0.00 ms")))
+        << window.windowTitle().toStdString();
+    EXPECT_EQ(window.session().displayFrequency(), 60);
 
     // Command3: the five of Command2, then one button for each graph, which shows it alone.
     const QStringList captions{"&Help",
@@ -190,26 +203,28 @@ TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
                                "&Harmonic && Interharmonic",
                                "&IEC-1000-2-1 Interharmonic"};
     for (int i = 0; i < TalWaveGraphPE::ViewCommandCount; ++i) {
-        EXPECT_EQ(window.viewCommand(i)->text(), captions.at(i));
-        EXPECT_TRUE(window.viewCommand(i)->isVisible()) << i;
-        EXPECT_EQ(window.viewCommand(i)->objectName(), QStringLiteral("Command3_%1").arg(i));
+        EXPECT_EQ(window.buttons()->viewCommand(i)->text(), captions.at(i));
+        EXPECT_TRUE(window.buttons()->viewCommand(i)->isVisible()) << i;
+        EXPECT_EQ(window.buttons()->viewCommand(i)->objectName(),
+                  QStringLiteral("Command3_%1").arg(i));
     }
-    EXPECT_FALSE(window.command(TalWaveGraphPE::Interharmonic)->isVisible());
-    EXPECT_TRUE(window.interharmonicTrace()->isVisible());
-    EXPECT_FALSE(window.interharmonicSpectrum()->isVisible());
-    EXPECT_FALSE(window.interharmonicGroups()->isVisible());
-    window.viewCommand(TalWaveGraphPE::ViewSpectrum)->click();
-    EXPECT_FALSE(window.interharmonicTrace()->isVisible());
-    EXPECT_TRUE(window.interharmonicSpectrum()->isVisible());
-    EXPECT_FALSE(window.viewCommand(TalWaveGraphPE::ViewSpectrum)->isEnabled());
-    EXPECT_EQ(window.graphNames(), QStringList{window.interharmonicSpectrum()->chart()->title()});
+    EXPECT_FALSE(window.buttons()->command(TalWaveGraphPE::Interharmonic)->isVisible());
+    EXPECT_TRUE(window.interharmonicPage()->trace()->isVisible());
+    EXPECT_FALSE(window.interharmonicPage()->spectrum()->isVisible());
+    EXPECT_FALSE(window.interharmonicPage()->groups()->isVisible());
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewSpectrum)->click();
+    EXPECT_FALSE(window.interharmonicPage()->trace()->isVisible());
+    EXPECT_TRUE(window.interharmonicPage()->spectrum()->isVisible());
+    EXPECT_FALSE(window.buttons()->viewCommand(TalWaveGraphPE::ViewSpectrum)->isEnabled());
+    EXPECT_EQ(window.graphNames(),
+              QStringList{window.interharmonicPage()->spectrum()->chart()->title()});
     lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-interharmonic"));
-    window.viewCommand(TalWaveGraphPE::ViewGroups)->click();
-    EXPECT_TRUE(window.interharmonicGroups()->isVisible());
-    EXPECT_FALSE(window.interharmonicSpectrum()->isVisible());
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewGroups)->click();
+    EXPECT_TRUE(window.interharmonicPage()->groups()->isVisible());
+    EXPECT_FALSE(window.interharmonicPage()->spectrum()->isVisible());
 
     // &Edit Graph works on the graph shown, a bar graph here; &Zoom Out gives its bounds back.
-    window.setDialogRunner([](QDialog& dialog) {
+    window.dialogs().setDialogRunner([](QDialog& dialog) {
         auto* extents = qobject_cast<frmSetYExtents*>(&dialog);
         if (!extents)
             return int(QDialog::Rejected);
@@ -218,21 +233,22 @@ TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
         extents->apply();
         return int(QDialog::Accepted);
     });
-    const double groupsTop = window.interharmonicGroups()->yMax();
-    window.viewCommand(TalWaveGraphPE::ViewEditGraph)->click();
-    EXPECT_DOUBLE_EQ(window.interharmonicGroups()->yMax(), 0.5);
-    window.viewCommand(TalWaveGraphPE::ViewZoomOut)->click();
-    EXPECT_DOUBLE_EQ(window.interharmonicGroups()->yMax(), groupsTop);
+    const double groupsTop = window.interharmonicPage()->groups()->yMax();
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewEditGraph)->click();
+    EXPECT_DOUBLE_EQ(window.interharmonicPage()->groups()->yMax(), 0.5);
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewZoomOut)->click();
+    EXPECT_DOUBLE_EQ(window.interharmonicPage()->groups()->yMax(), groupsTop);
 
     // Check1: In and Inputs are the toggles of buttons 9 and 10, both ways.
-    ASSERT_TRUE(window.check(TalWaveGraphPE::CheckNeutral)->isChecked());
-    window.check(TalWaveGraphPE::CheckNeutral)->setChecked(false);
-    EXPECT_EQ(window.command(TalWaveGraphPE::NeutralCurrent)->text(), QStringLiteral("I&n On"));
-    window.command(TalWaveGraphPE::Inputs)->click();
-    EXPECT_FALSE(window.check(TalWaveGraphPE::CheckInputs)->isChecked());
+    ASSERT_TRUE(window.buttons()->check(TalWaveGraphPE::CheckNeutral)->isChecked());
+    window.buttons()->check(TalWaveGraphPE::CheckNeutral)->setChecked(false);
+    EXPECT_EQ(window.buttons()->command(TalWaveGraphPE::NeutralCurrent)->text(),
+              QStringLiteral("I&n On"));
+    window.buttons()->command(TalWaveGraphPE::Inputs)->click();
+    EXPECT_FALSE(window.buttons()->check(TalWaveGraphPE::CheckInputs)->isChecked());
     // RMS Val writes the RMS of each recorded channel on the trace: a near sine, peak / sqrt 2.
-    window.check(TalWaveGraphPE::CheckRms)->setChecked(true);
-    const QStringList rms = window.interharmonicTrace()->textBlock().split(u'\n');
+    window.buttons()->check(TalWaveGraphPE::CheckRms)->setChecked(true);
+    const QStringList rms = window.interharmonicPage()->trace()->textBlock().split(u'\n');
     const WaveformChannels& channels = window.capture().channels();
     const QString iaLine = channels.labels.at(3) + QStringLiteral(" = ");
     const auto ia = std::find_if(rms.cbegin(), rms.cend(),
@@ -242,15 +258,16 @@ TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
     for (const float v : channels.samples.at(3))
         peak = std::max(peak, std::abs(v));
     EXPECT_NEAR(ia->mid(iaLine.size()).toDouble(), peak / std::sqrt(2.0), peak * 0.06);
-    window.check(TalWaveGraphPE::CheckRms)->setChecked(false);
-    EXPECT_TRUE(window.interharmonicTrace()->textBlock().isEmpty());
+    window.buttons()->check(TalWaveGraphPE::CheckRms)->setChecked(false);
+    EXPECT_TRUE(window.interharmonicPage()->trace()->textBlock().isEmpty());
 
-    window.viewCommand(TalWaveGraphPE::ViewBack)->click();
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->click();
     EXPECT_EQ(window.view(), 0);
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
     EXPECT_TRUE(window.capture().isOpen());
-    EXPECT_TRUE(window.strip(6)->isHidden()) << "In was switched off in the interharmonic view";
-    EXPECT_TRUE(window.command(TalWaveGraphPE::Interharmonic)->isVisible());
+    EXPECT_TRUE(window.capturePage()->strip(6)->isHidden())
+        << "In was switched off in the interharmonic view";
+    EXPECT_TRUE(window.buttons()->command(TalWaveGraphPE::Interharmonic)->isVisible());
 }
 
 TEST(TalWaveGraphPE, DetailViewCarriesTheSecondButtonSet)
@@ -262,46 +279,51 @@ TEST(TalWaveGraphPE, DetailViewCarriesTheSecondButtonSet)
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     window.show();
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
-    EXPECT_EQ(window.command(TalWaveGraphPE::Close)->toolTip(),
+    EXPECT_EQ(window.buttons()->command(TalWaveGraphPE::Close)->toolTip(),
               QStringLiteral("Close this waveform view"));
-    EXPECT_TRUE(window.command(TalWaveGraphPE::Next)->isVisible());
-    EXPECT_FALSE(window.viewCommand(TalWaveGraphPE::ViewBack)->isVisible());
+    EXPECT_TRUE(window.buttons()->command(TalWaveGraphPE::Next)->isVisible());
+    EXPECT_FALSE(window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->isVisible());
 
-    window.command(TalWaveGraphPE::Details)->click();
+    window.buttons()->command(TalWaveGraphPE::Details)->click();
     window.clickAt(1, 5.0);
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Detail);
-    EXPECT_FALSE(window.command(TalWaveGraphPE::Next)->isVisible());
-    EXPECT_TRUE(window.command(TalWaveGraphPE::Close)->isVisible());
+    EXPECT_FALSE(window.buttons()->command(TalWaveGraphPE::Next)->isVisible());
+    EXPECT_TRUE(window.buttons()->command(TalWaveGraphPE::Close)->isVisible());
     for (int i = 0; i < TalWaveGraphPE::ViewCommandCount; ++i) {
-        EXPECT_EQ(window.viewCommand(i)->isVisible(), i <= TalWaveGraphPE::ViewZoomOut) << i;
-        EXPECT_EQ(window.viewCommand(i)->objectName(), QStringLiteral("Command2_%1").arg(i));
+        EXPECT_EQ(window.buttons()->viewCommand(i)->isVisible(), i <= TalWaveGraphPE::ViewZoomOut)
+            << i;
+        EXPECT_EQ(window.buttons()->viewCommand(i)->objectName(),
+                  QStringLiteral("Command2_%1").arg(i));
     }
-    EXPECT_EQ(window.viewCommand(TalWaveGraphPE::ViewBack)->toolTip(),
+    EXPECT_EQ(window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->toolTip(),
               QStringLiteral("Go back to global view"));
-    EXPECT_FALSE(window.check(TalWaveGraphPE::CheckRms)->isVisible());
+    // Fault 12: the detail view's caption was missing.
+    EXPECT_TRUE(window.buttons()->caption()->isVisible());
+    EXPECT_EQ(window.buttons()->caption()->text(), QStringLiteral("View Waveform"));
+    EXPECT_FALSE(window.buttons()->check(TalWaveGraphPE::CheckRms)->isVisible());
 
     // &Edit Graph opens the y extents of the strip in focus.
     const frmSetYExtents* opened = nullptr;
-    window.setDialogRunner([&](QDialog& dialog) {
+    window.dialogs().setDialogRunner([&](QDialog& dialog) {
         auto* extents = qobject_cast<frmSetYExtents*>(&dialog);
         opened = extents;
         if (extents)
             extents->press(true, true);
         return int(QDialog::Accepted);
     });
-    const double top = window.strip(1)->yMax();
-    window.viewCommand(TalWaveGraphPE::ViewEditGraph)->click();
+    const double top = window.capturePage()->strip(1)->yMax();
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewEditGraph)->click();
     ASSERT_NE(opened, nullptr);
-    EXPECT_TRUE(window.strip(1)->manualY());
-    EXPECT_FALSE(window.strip(0)->manualY());
-    EXPECT_GT(window.strip(1)->yMax(), top);
-    window.viewCommand(TalWaveGraphPE::ViewZoomOut)->click();
-    EXPECT_FALSE(window.strip(1)->manualY());
+    EXPECT_TRUE(window.capturePage()->strip(1)->manualY());
+    EXPECT_FALSE(window.capturePage()->strip(0)->manualY());
+    EXPECT_GT(window.capturePage()->strip(1)->yMax(), top);
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewZoomOut)->click();
+    EXPECT_FALSE(window.capturePage()->strip(1)->manualY());
 
-    window.viewCommand(TalWaveGraphPE::ViewBack)->click();
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->click();
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
-    EXPECT_TRUE(window.strip(0)->isVisible());
-    EXPECT_EQ(window.command(TalWaveGraphPE::Details)->text(),
+    EXPECT_TRUE(window.capturePage()->strip(0)->isVisible());
+    EXPECT_EQ(window.buttons()->command(TalWaveGraphPE::Details)->text(),
               QStringLiteral("Waveform &Details On"));
     EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join(u'\n').toStdString();
 }
@@ -320,6 +342,9 @@ TEST(TalWaveGraphPE, ProgressWindowAndTheRefusedCloseWhileBusy)
     EXPECT_TRUE(std::any_of(opened.cbegin(), opened.cend(), [](const QString& line) {
         return line.endsWith(QStringLiteral("Reading the Waveform data file"));
     })) << opened.join(u'\n').toStdString();
+    // Fault 12: the steps of setting up and drawing the graphs were never told.
+    EXPECT_TRUE(opened.join(u'\n').contains(QStringLiteral("Seting Up Graph 7")));
+    EXPECT_TRUE(opened.last().endsWith(QStringLiteral("Draw the graphs")));
     EXPECT_FALSE(progress.isVisible()) << "the progress window goes when the capture is shown";
     window.show();
 
@@ -347,7 +372,7 @@ TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     window.show();
 
-    window.command(TalWaveGraphPE::ExportData)->click();
+    window.buttons()->command(TalWaveGraphPE::ExportData)->click();
     const QStringList lines = QApplication::clipboard()->text().split(u'\n');
     const WaveformChannels& channels = window.capture().channels();
     QStringList header{"Sample Point #"};
@@ -364,7 +389,7 @@ TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
     int chosenRow = 2;
     QString savePath;
     QStringList listed;
-    window.setDialogRunner([&](QDialog& dialog) {
+    window.dialogs().setDialogRunner([&](QDialog& dialog) {
         if (auto* chooser = qobject_cast<selWaveGraph_Export*>(&dialog)) {
             for (int i = 0; i < chooser->list()->count(); ++i)
                 listed << chooser->list()->item(i)->text();
@@ -372,14 +397,14 @@ TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
         }
         return int(QDialog::Accepted);
     });
-    window.setSavePath([&](const QString&, const QString&) { return savePath; });
+    window.dialogs().setSavePath([&](const QString&, const QString&) { return savePath; });
     savePath = fixture.file(QStringLiteral("vcn.png"));
     window.exportPicture();
     EXPECT_EQ(listed.first(), channels.labels.at(0));
     EXPECT_EQ(listed.last(), QStringLiteral("Inputs"));
     QImage picture(savePath);
     ASSERT_FALSE(picture.isNull());
-    EXPECT_EQ(picture.size(), window.strip(2)->size());
+    EXPECT_EQ(picture.size(), window.capturePage()->strip(2)->size());
 
     savePath = fixture.file(QStringLiteral("inputs.svg"));
     chosenRow = 7;
@@ -395,7 +420,7 @@ TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
     EXPECT_TRUE(messages.texts().last().startsWith(QStringLiteral("The picture could not be")));
 
     const QString pdf = fixture.file(QStringLiteral("graphs.pdf"));
-    window.setPrintFile(pdf);
+    window.dialogs().setPrintFile(pdf);
     window.printGraphs();
     QFile printed(pdf);
     ASSERT_TRUE(printed.open(QIODevice::ReadOnly));
@@ -408,7 +433,7 @@ TEST(TalWaveGraphPE, YExtentsMoveAboutTheCentreWhenLocked)
     WaveWindowFixture fixture;
     TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "first"));
-    WaveStripChart* chart = window.strip(0);
+    WaveStripChart* chart = window.capturePage()->strip(0);
     frmSetYExtents extents(chart);
     EXPECT_EQ(extents.txtAdjustamount()->text(), QStringLiteral("10"));
     EXPECT_TRUE(extents.chklocked()->isChecked());
@@ -430,4 +455,54 @@ TEST(TalWaveGraphPE, YExtentsMoveAboutTheCentreWhenLocked)
     extents.txtMaximum()->setText(QStringLiteral("abc"));
     extents.apply();
     EXPECT_DOUBLE_EQ(chart->yMax(), 190) << "a text that is no number changes nothing";
+}
+
+TEST(TalWaveGraphPE, Fault1TheCursorStandsWhereTheClickWasAt512SamplesACycle)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(512), "range"));
+    window.show();
+    window.setMark(1, 20.0);
+    window.setMark(2, 60.0);
+    window.setDetailsOn(true);
+    window.clickAt(0, 100.0);
+    // The cursor was drawn at 108.5 ms, the step read back from the rounded axis.
+    const auto cursor = std::find_if(
+        window.capturePage()->strip(0)->annotations().cbegin(),
+        window.capturePage()->strip(0)->annotations().cend(),
+        [](const WaveMarks::Annotation& a) { return a.text == QStringLiteral("Cursor"); });
+    ASSERT_NE(cursor, window.capturePage()->strip(0)->annotations().cend());
+    EXPECT_NEAR(cursor->x, 100.0, 0.01);
+    EXPECT_EQ(window.session().statistics().window.start, 3071);
+    lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-512-cursor-details"));
+    window.setDetailsOn(false);
+    lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-512-cursor-marks"));
+}
+
+TEST(TalWaveGraphPE, Fault7BackFromTheInterharmonicViewKeepsTheCaptureAsItWasLeft)
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(64), "tone"));
+    window.show();
+    window.setMark(1, 5.0);
+    window.clickAt(3, 1.0);
+    window.zoomTo(2.0, 40.0);
+    window.placeInterharmonicMark(26.3);
+    const QVector<float> before = window.capture().channels().samples.at(3);
+    ASSERT_EQ(window.capture().record().windowStart, 100);
+    ASSERT_TRUE(window.showInterharmonic()) << messages.texts().join(u'\n').toStdString();
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->click();
+    EXPECT_EQ(window.view(), 0);
+    EXPECT_TRUE(window.session().marks().isSet(1));
+    EXPECT_TRUE(window.session().cursorMs().has_value());
+    EXPECT_EQ(window.session().zoom().depth(), 1);
+    EXPECT_DOUBLE_EQ(window.capturePage()->strip(3)->xMin(), 2.0);
+    EXPECT_EQ(window.capture().record().windowStart, 100);
+    EXPECT_EQ(window.capture().channels().samples.at(3), before);
 }

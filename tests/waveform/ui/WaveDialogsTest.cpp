@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dialogs of the waveform window: display settings, properties and the composition set-up.
-#include "WaveWindowFixture.h"
 #include "platform/UserMessages.h"
 #include "support/TestEnvironment.h"
+#include "support/WaveWindowFixture.h"
 #include "support/ui/Screenshot.h"
 #include "waveform/WaveDisplaySettings.h"
 #include "waveform/ui/TalWaveGraphPE.h"
+#include "waveform/ui/WaveCapturePage.h"
+#include "waveform/ui/WaveCompositionPage.h"
+#include "waveform/ui/WaveDrawStyle.h"
+#include "waveform/ui/WaveGraphButtons.h"
 #include "waveform/ui/WaveGraphCompSetup.h"
 #include "waveform/ui/WaveGraphSetup.h"
+#include "waveform/ui/WaveInterharmonicPage.h"
 #include "waveform/ui/WavePropertyFrm.h"
 
 #include <QApplication>
@@ -113,7 +118,7 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     window.setMark(2, 30.0);
 
     int shownRows = 0;
-    window.setDialogRunner([&](QDialog& dialog) {
+    window.dialogs().setDialogRunner([&](QDialog& dialog) {
         auto* setup = qobject_cast<WaveGraphCompSetup*>(&dialog);
         if (!setup)
             return int(QDialog::Rejected);
@@ -136,8 +141,8 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     window.showCompositionSetup();
     EXPECT_GE(shownRows, 7);
     ASSERT_EQ(window.view(), 2);
-    ASSERT_EQ(window.compositionItems().size(), 2);
-    WaveStripChart* chart = window.compositionChart();
+    ASSERT_EQ(window.session().composition().items().size(), 2);
+    WaveStripChart* chart = window.compositionPage()->chart();
     EXPECT_EQ(chart->chart()->title(), QStringLiteral("Advanced Waveform Analysis"));
     EXPECT_EQ(chart->chart()->series().size(), 2);
     // The section keeps the 20 ms between the marks; both start at 0 ms.
@@ -148,8 +153,40 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     // The advanced view carries Command2; &Back returns to the capture.
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Advanced);
     for (int i = 0; i < TalWaveGraphPE::ViewCommandCount; ++i)
-        EXPECT_EQ(window.viewCommand(i)->isVisible(), i <= TalWaveGraphPE::ViewZoomOut) << i;
-    window.viewCommand(TalWaveGraphPE::ViewBack)->click();
+        EXPECT_EQ(window.buttons()->viewCommand(i)->isVisible(), i <= TalWaveGraphPE::ViewZoomOut)
+            << i;
+    // Fault 8: the advanced view had no zoom or marks of its own.
+    window.zoomTo(2.0, 8.0);
+    EXPECT_DOUBLE_EQ(chart->xMax(), 8.0);
+    window.setMark(1, 3.0);
+    EXPECT_EQ(chart->annotations().size(), 1);
+    window.undoZoom();
+    EXPECT_GT(chart->xMax(), 20.0);
+    window.buttons()->viewCommand(TalWaveGraphPE::ViewBack)->click();
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
-    EXPECT_TRUE(window.command(TalWaveGraphPE::Advanced)->isVisible());
+    EXPECT_TRUE(window.buttons()->command(TalWaveGraphPE::Advanced)->isVisible());
+    EXPECT_EQ(window.session().zoom().depth(), 0) << "the capture's zoom is its own";
+
+    // Fault 8: the right-hand list survives &Back.
+    int kept = 0;
+    window.dialogs().setDialogRunner([&](QDialog& dialog) {
+        if (auto* setup = qobject_cast<WaveGraphCompSetup*>(&dialog))
+            kept = setup->selectedItems()->rowCount();
+        return int(QDialog::Rejected);
+    });
+    window.showCompositionSetup();
+    EXPECT_EQ(kept, 2);
+    EXPECT_EQ(window.session().composition().items().size(), 2);
+}
+
+TEST(WaveDrawStyle, Fault9EveryItemPointTypeDrawsItsOwnMarker)
+{
+    // The stored point types were ignored: every curve drew the same dot.
+    QList<QImage> markers;
+    for (int type = 0; type < 14; ++type) {
+        const QImage marker = WaveDrawStyle::marker(type, Qt::black, 7);
+        for (int other = 0; other < markers.size(); ++other)
+            EXPECT_NE(marker, markers.at(other)) << type << " draws like " << other;
+        markers << marker;
+    }
 }

@@ -15,7 +15,16 @@ namespace lorvane::test {
 class WaveWindowFixture
 {
 public:
-    WaveWindowFixture();
+    /// A meter that keeps its samples in the rows, or one that writes a file per capture.
+    enum class Meter
+    {
+        Standard,
+        CaptureFiles,
+        /// The family without the neutral current (device type 0), on a 50 Hz system.
+        Talmo,
+    };
+
+    explicit WaveWindowFixture(Meter meter = Meter::Standard);
 
     SqliteDatabase& scratch() { return m_scratch->database(); }
     const QueryNumbers& numbers() const { return m_numbers; }
@@ -25,12 +34,15 @@ public:
     int periodic(int sampleRate, int skip = 0);
     QString settingsFile() const { return m_dir.filePath(QStringLiteral("Lorvane.Ini")); }
     QString file(const QString& name) const { return m_dir.filePath(name); }
+    /// The file `lorvane-cli waveform --meter` takes for this meter.
+    const QString& meterFile() const { return m_meterFile; }
 
 private:
     QTemporaryDir m_dir;
     std::unique_ptr<TempQueryDatabase> m_scratch;
     QueryNumbers m_numbers;
     QList<qint32> m_series;
+    QString m_meterFile;
 };
 
 } // namespace lorvane::test
