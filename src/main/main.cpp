@@ -4,13 +4,13 @@
 // at start (four beeps, no window), 2 when no display is there, 3 when the running copy refused
 // the command line (busy with another), 4 when it did not answer.
 #include "app/RunContext.h"
+#include "app/StartCommand.h"
 #include "app/StartupSequence.h"
 #include "app/ui/LorvaneStartupHost.h"
 #include "app/ui/TalLorvane.h"
 #include "platform/SystemFolder.h"
 #include "platform/ui/DialogMessages.h"
 #include "platform/ui/SingleInstanceChannel.h"
-#include "app/StartCommand.h"
 
 #include <QApplication>
 #include <QDir>

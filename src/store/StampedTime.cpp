@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "StampedTime.h"
 
-#include "WallClock.h"
 #include "MeterMessages.h"
+#include "WallClock.h"
 #include "platform/Fault.h"
 
 #include <QRegularExpression>

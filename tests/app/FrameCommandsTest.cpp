@@ -6,8 +6,8 @@
 #include "app/PrinterCheck.h"
 #include "app/ProgressTimeStamp.h"
 #include "app/RunContext.h"
-#include "query/DataPointSelection.h"
 #include "app/StartCommand.h"
+#include "query/DataPointSelection.h"
 #include "query/TimeSelection.h"
 #include "query/TopQueryBuffer.h"
 

@@ -5,8 +5,8 @@
 #include "query/PqView.h"
 
 #include "WaveformSimMeters.h"
-#include "platform/SqliteDatabase.h"
 #include "platform/LoadProgress.h"
+#include "platform/SqliteDatabase.h"
 #include "query/PqGrid.h"
 #include "query/QueryContext.h"
 #include "query/SetupRecordViews.h"

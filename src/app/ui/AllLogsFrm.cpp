@@ -408,8 +408,8 @@ bool AllLogsFrm::openMeterFile(const QString& path, int meterIndex)
     scope.watch(progress.get());
     AddFileToSystem::Outcome outcome;
     try {
-        outcome = m_session.addFile().run(path, QFileInfo(path).fileName(), meterIndex,
-                                          progress.get());
+        outcome =
+            m_session.addFile().run(path, QFileInfo(path).fileName(), meterIndex, progress.get());
     } catch (const Fault& fault) {
         userMessages().show(fault.message(), UserMessages::Icon::Critical);
         emit programEndRequested();

@@ -315,7 +315,7 @@ TEST(FrameWindows, ViewCommandsDuringALoadAreGreyAndRefused)
     TalLorvane* frame = run.start(snapshotCommand + run.meterPath() + u'"');
     ASSERT_NE(frame, nullptr);
     EXPECT_FALSE(menuEnabled);
-    EXPECT_EQ(frame->gridWindow()->logKind(), 3);
+    EXPECT_EQ(frame->gridWindow()->logKind(), LogKind::Snapshots);
     EXPECT_FALSE(frame->gridWindow()->windowTitle().contains("Database Status"))
         << frame->gridWindow()->windowTitle().toStdString();
     EXPECT_TRUE(frame->viewDataActions()[0]->isEnabled()) << "the menus come back afterwards";
@@ -517,7 +517,8 @@ TEST(FrameWindows, ASecondCopyHandsItsWholeCommandLineToTheRunningFrame)
     EXPECT_EQ(selection->timeSelection().option(), lorvane::TimeSelection::Between);
     EXPECT_EQ(selection->timeSelection().startTime(), QDateTime(QDate(2024, 3, 4), QTime(0, 0)));
     EXPECT_EQ(selection->dataPoints().usedIds(), QList<qint32>({21017, 20617}));
-    EXPECT_EQ(frame->gridWindow()->logKind(), 3) << run.messages().texts().join('\n').toStdString();
+    EXPECT_EQ(frame->gridWindow()->logKind(), LogKind::Snapshots)
+        << run.messages().texts().join('\n').toStdString();
     // The second copy started nothing of its own.
     EXPECT_EQ(run.installation().scratchFiles(), scratchBefore);
 
