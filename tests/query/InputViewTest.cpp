@@ -66,6 +66,33 @@ TEST(InputView, ShowsTheSimulatedInputEventsWithTheirSettings)
     EXPECT_EQ(none.rows.at(0).at(1), QString());
 }
 
+// Fault: the meter's chosen inputs never reached the loader, so the view read every input.
+TEST(InputView, ReadsOnlyTheInputsChosenForTheMeter)
+{
+    SimMeters sim;
+    const QString meter = sim.meter(QStringLiteral("Board"));
+    QueryContext all = sim.context({meter});
+    const GridTable every = InputView::run(all).grids.at(0);
+    const QStringList names = column(every, QStringLiteral("Input Name"));
+    const QStringList modules = column(every, QStringLiteral("Module Index"));
+    const QStringList places = column(every, QStringLiteral("Input Index"));
+    QueryContext chosen = sim.context({meter});
+    for (const QString& name : {QStringLiteral("Door Switch"), QStringLiteral("Main Breaker")}) {
+        const qsizetype row = names.indexOf(name);
+        ASSERT_GE(row, 0) << name.toStdString();
+        chosen.files[0].items.inputs
+            << MeterItems::Channel{modules.at(row).toInt(), places.at(row).toInt()};
+    }
+    const QStringList shown =
+        column(InputView::run(chosen).grids.at(0), QStringLiteral("Input Name"));
+    EXPECT_EQ(shown.size(), names.count(QStringLiteral("Door Switch")) +
+                                names.count(QStringLiteral("Main Breaker")));
+    EXPECT_EQ(shown.size(), 3);
+    for (const QString& name : shown)
+        EXPECT_TRUE(name == QStringLiteral("Door Switch") || name == QStringLiteral("Main Breaker"))
+            << name.toStdString();
+}
+
 TEST(InputView, FindsARecordByItsReturnStampAndSortsByDuration)
 {
     SimMeters sim;
