@@ -4,6 +4,7 @@
 #include "QueryContext.h"
 #include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
+#include "platform/StorageError.h"
 #include "platform/UserText.h"
 #include "store/LogKind.h"
 #include "store/SchemaCatalog.h"
@@ -155,10 +156,13 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
     const LogKind kind = m_logKind;
     const QString timeTable = SchemaCatalog::hourTimeIndexTable(kind, v.row.logTablesIndex, hour);
     const QString valueTable = SchemaCatalog::hourValueTable(kind, v.row.logTablesIndex, hour);
-    // An hour flagged without its tables holds nothing to read.
-    if (!attachedTableExists(db, v.schema, timeTable) ||
-        !attachedTableExists(db, v.schema, valueTable))
-        return 0;
+    // An hour the day's row flags without its tables is damaged, as a missing day table is in
+    // every other log: the walk reports it with the meter file and the table.
+    for (const QString& table : {timeTable, valueTable}) {
+        if (!attachedTableExists(db, v.schema, table))
+            throw StorageError(StorageError::Kind::Engine, v.file->dbPath,
+                               QStringLiteral("no such table: ") + table);
+    }
 
     const QString index = SqlIdentifier::quote(m_timeIndex);
     db.execute(QStringLiteral("DELETE FROM ") + index);

@@ -13,6 +13,7 @@
 #include "query/PqView.h"
 #include "query/RelayView.h"
 #include "query/SetupRecordViews.h"
+#include "query/SnapshotView.h"
 #include "store/SchemaCatalog.h"
 
 #include <QFile>
@@ -164,14 +165,21 @@ TEST(InputView, AMissingDayTableIsNamedWithItsMeterFileInEveryView)
     {
         LogKind kind;
         ViewResult (*run)(QueryContext&);
+        /// The table taken away; the day table of the kind when empty.
+        QString table;
     };
-    const Case cases[] = {{LogKind::Limits, &LimitView::run},
-                          {LogKind::Inputs, &InputView::run},
-                          {LogKind::Relays, &RelayView::run},
-                          {LogKind::Flicker, &FlickerView::run}};
+    const Case cases[] = {
+        {LogKind::Limits, &LimitView::run, {}},
+        {LogKind::Inputs, &InputView::run, {}},
+        {LogKind::Relays, &RelayView::run, {}},
+        {LogKind::Flicker, &FlickerView::run, {}},
+        // An hour flagged in the day's row whose value table is gone was skipped silently.
+        {LogKind::Snapshots,
+         [](QueryContext& c) { return SnapshotView(c, LogKind::Snapshots).load(); },
+         SchemaCatalog::hourValueTable(LogKind::Snapshots, 1, 6)}};
     SimMeters sim;
     for (const Case& c : cases) {
-        const QString table = SchemaCatalog::dayTable(c.kind, 1);
+        const QString table = c.table.isEmpty() ? SchemaCatalog::dayTable(c.kind, 1) : c.table;
         SCOPED_TRACE(table.toStdString());
         const QString meter = sim.meter(QStringLiteral("Damaged%1").arg(int(c.kind)));
         {
