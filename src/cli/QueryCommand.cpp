@@ -13,6 +13,7 @@
 #include "platform/SqliteDatabase.h"
 #include "platform/StorageError.h"
 #include "query/MeterInventory.h"
+#include "query/MeterItems.h"
 #include "query/QueryContext.h"
 #include "query/SplitLogMeter.h"
 #include "query/ViewRegistry.h"
@@ -40,6 +41,8 @@ struct Options
     QString view;
     QStringList meters;
     QList<qint64> points;
+    /// The inputs, relays and demand items chosen for every meter given.
+    MeterItems items;
     QDateTime from;
     QDateTime to;
     int lastCount = 0;
@@ -152,13 +155,30 @@ int parse(const QStringList& arguments, Options& o)
             return CliOutput::usage(a + QStringLiteral(" needs a value"));
         if (a == QLatin1String("--meter")) {
             o.meters << text;
-        } else if (a == QLatin1String("--points")) {
+        } else if (a == QLatin1String("--points") || a == QLatin1String("--demand")) {
+            QList<qint64>& ids = a == QLatin1String("--points") ? o.points : o.items.demandIds;
             for (const QString& id : text.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
                 bool ok = false;
                 const qint64 n = id.trimmed().toLongLong(&ok);
                 if (!ok)
                     return CliOutput::usage(QStringLiteral("not a data id: ") + id);
-                o.points << n;
+                ids << n;
+            }
+            if (o.items.demandIds.size() > MeterItems::demandCount)
+                return CliOutput::usage(QStringLiteral("--demand takes at most %1 data ids")
+                                            .arg(MeterItems::demandCount));
+        } else if (a == QLatin1String("--inputs") || a == QLatin1String("--relays")) {
+            QList<MeterItems::Channel>& chosen =
+                a == QLatin1String("--inputs") ? o.items.inputs : o.items.relays;
+            for (const QString& pair : text.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+                const QStringList parts = pair.split(QLatin1Char(':'));
+                bool moduleOk = false;
+                bool indexOk = false;
+                const MeterItems::Channel channel{parts.value(0).trimmed().toInt(&moduleOk),
+                                                  parts.value(1).trimmed().toInt(&indexOk)};
+                if (parts.size() != 2 || !moduleOk || !indexOk)
+                    return CliOutput::usage(a + QStringLiteral(" takes MODULE:INDEX,...: ") + pair);
+                chosen << channel;
             }
         } else if (a == QLatin1String("--from") || a == QLatin1String("--to")) {
             const bool end = a == QLatin1String("--to");
@@ -287,6 +307,7 @@ int QueryCommand::run(const QStringList& arguments)
             entry.deviceTypeId = record.deviceTypeId;
             entry.hardwareName = record.hardwareName;
             entry.used = true;
+            entry.items = o.items;
             entry.deviceIndex = qint32(context.files.size());
             context.files << entry;
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "MeterItems.h"
 #include "store/LogKind.h"
 
 #include <QList>
@@ -29,6 +30,9 @@ struct DeviceRecord
     qint32 kGate = -1;
     /// (`Item_Index`, label) of the user defined item labels, meter 1 from version 9.1.
     QList<QPair<qint64, QString>> userItemLabels;
+    /// The inputs, relays and demand items chosen for this meter; a newly opened meter has
+    /// none chosen and its views read all of them.
+    MeterItems items;
 
     bool hasLog(LogKind kind) const { return logAvailable.at(static_cast<int>(kind)); }
 };

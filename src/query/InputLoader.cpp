@@ -14,7 +14,9 @@ DayWalk::Result InputLoader::load(QueryContext& context, QList<LogFileEntry>& fi
                             {LogKind::Inputs,
                              QStringLiteral("InputLogA_"),
                              {QStringLiteral("DT1"), QStringLiteral("DT2")},
-                             userText("304042", "input")});
+                             userText("304042", "input"),
+                             &MeterItems::inputs,
+                             QStringLiteral("InputIndex")});
     StatusLogCopy::copySettings(context, files, numbers, QStringLiteral("InputLogA_"),
                                 QStringLiteral("InputLogDataItem"),
                                 QStringLiteral("InputLogDataItem_"));

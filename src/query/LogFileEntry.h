@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "MeterItems.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -20,6 +22,9 @@ struct LogFileEntry
     /// Position in the expanded list, from 0; rows read from the file carry `deviceIndex + 1`
     /// as their `DeviceIndex`, which `LogDevices_{Q}` maps back to the file and meter name.
     qint32 deviceIndex = 0;
+    /// The meter's chosen inputs, relays and demand items; every log file of a split-log
+    /// meter carries its meter's choice.
+    MeterItems items;
 };
 
 } // namespace lorvane

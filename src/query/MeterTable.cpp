@@ -91,6 +91,7 @@ QList<LogFileEntry> MeterTable::usedFiles() const
         entry.deviceTypeId = d.deviceTypeId;
         entry.hardwareName = d.hardwareName;
         entry.used = true;
+        entry.items = d.items;
         entry.deviceIndex = static_cast<qint32>(files.size());
         files << entry;
     }

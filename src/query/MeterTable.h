@@ -39,6 +39,8 @@ public:
     /// Replaces entry `meterIndex` as a whole and fills its combo box: "No Meter" and the
     /// meter's `HardwareName`, the latter selected.
     void setDevice(int meterIndex, const DeviceRecord& record);
+    /// Chooses the inputs, relays and demand items of meter `meterIndex`.
+    void setItems(int meterIndex, const MeterItems& items) { m_devices[meterIndex].items = items; }
 
     /// Items of the meter's combo box: "No Meter", then `HardwareName` once a meter was opened.
     QStringList comboItems(int meterIndex) const;

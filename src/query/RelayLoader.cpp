@@ -15,7 +15,9 @@ DayWalk::Result RelayLoader::load(QueryContext& context, QList<LogFileEntry>& fi
                             {LogKind::Relays,
                              QStringLiteral("RelayLogA_"),
                              {QStringLiteral("DT1"), QStringLiteral("DT2"), QStringLiteral("DT3")},
-                             userText("304042", "input")});
+                             userText("304042", "input"),
+                             &MeterItems::relays,
+                             QStringLiteral("RelayIndex")});
     StatusLogCopy::copySettings(context, files, numbers, QStringLiteral("RelayLogA_"),
                                 QStringLiteral("RelayLogDataItem"),
                                 QStringLiteral("RelayLogDataItem_"));

@@ -95,4 +95,14 @@ QList<SelectionSession::TreeNode> SelectionSession::tree(const DeviceTypeTable& 
     return nodes;
 }
 
+bool SelectionSession::setMeterItems(int meterIndex, const MeterItems& items)
+{
+    if (meterIndex < 0 || meterIndex >= m_meters.maxDevices() ||
+        !m_meters.device(meterIndex).used || items.demandIds.size() > MeterItems::demandCount)
+        return false;
+    m_meters.setItems(meterIndex, items);
+    m_buffer.ClearTopQueryBuffer(true);
+    return true;
+}
+
 } // namespace lorvane

@@ -53,6 +53,12 @@ public:
     AddFileToSystem& addFile() { return *m_addFile; }
     ViewDispatch& dispatch() { return *m_dispatch; }
 
+    /// Chooses the inputs, relays and demand items the views read from open meter
+    /// `meterIndex` (0 is meter 1) and forgets the buffered queries, which read the old
+    /// choice. Refused (false, nothing changed) for a meter not open or more than
+    /// `MeterItems::demandCount` demand items.
+    bool setMeterItems(int meterIndex, const MeterItems& items);
+
     /// AutoLoadDBs: the `*.DB` of `folder` with the latest last-write time (of files written
     /// at the same moment the first listed by name wins); empty when the folder holds none.
     /// A folder that is not there gives the refusal "Invalid path" and the advice.

@@ -4,6 +4,7 @@
 #include "QueryContext.h"
 #include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
+#include "platform/StorageError.h"
 #include "platform/UserText.h"
 #include "store/LogKind.h"
 #include "store/SchemaCatalog.h"
@@ -42,12 +43,17 @@ QString SnapshotLoader::masterTable(LogKind logKind)
                                       : QStringLiteral("AllHistoricalLogs");
 }
 
-QString SnapshotLoader::filterSql() const
+const QList<qint64>& SnapshotLoader::idsOf(const LogFileEntry& file) const
+{
+    return m_logKind == LogKind::Demand ? file.items.demandIds : m_context.dataIds;
+}
+
+QString SnapshotLoader::filterSql(const QList<qint64>& ids) const
 {
     QString sql;
-    if (!m_context.dataIds.isEmpty()) {
+    if (!ids.isEmpty()) {
         QStringList marks;
-        for (qsizetype i = 0; i < m_context.dataIds.size(); ++i)
+        for (qsizetype i = 0; i < ids.size(); ++i)
             marks << QStringLiteral("?");
         sql += QStringLiteral(" AND H.[DataID] IN (") + marks.join(QLatin1Char(',')) +
                QLatin1Char(')');
@@ -57,10 +63,10 @@ QString SnapshotLoader::filterSql() const
     return sql;
 }
 
-QVariantList SnapshotLoader::filterValues() const
+QVariantList SnapshotLoader::filterValues(const QList<qint64>& ids) const
 {
     QVariantList values;
-    for (qint64 id : m_context.dataIds)
+    for (qint64 id : ids)
         values << id;
     if (m_context.typeFilter != 0)
         values << m_context.typeFilter;
@@ -150,10 +156,13 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
     const LogKind kind = m_logKind;
     const QString timeTable = SchemaCatalog::hourTimeIndexTable(kind, v.row.logTablesIndex, hour);
     const QString valueTable = SchemaCatalog::hourValueTable(kind, v.row.logTablesIndex, hour);
-    // An hour flagged without its tables holds nothing to read.
-    if (!attachedTableExists(db, v.schema, timeTable) ||
-        !attachedTableExists(db, v.schema, valueTable))
-        return 0;
+    // An hour the day's row flags without its tables is damaged, as a missing day table is in
+    // every other log: the walk reports it with the meter file and the table.
+    for (const QString& table : {timeTable, valueTable}) {
+        if (!attachedTableExists(db, v.schema, table))
+            throw StorageError(StorageError::Kind::Engine, v.file->dbPath,
+                               QStringLiteral("no such table: ") + table);
+    }
 
     const QString index = SqlIdentifier::quote(m_timeIndex);
     db.execute(QStringLiteral("DELETE FROM ") + index);
@@ -170,6 +179,7 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
                {QueryCatalog::stamp(from), QueryCatalog::stamp(to)});
 
     const int excluded = excludedModeOfHour();
+    const QList<qint64>& ids = idsOf(*v.file);
     const QString direction = v.descending ? QStringLiteral("DESC") : QStringLiteral("ASC");
     // Rows arrive already stamped with their file's device index: stamping them afterwards
     // would scan the whole slice table once per hour. The value table is read in its own
@@ -181,9 +191,9 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
                                  "HI.[ProfileIndex], ? FROM %3 AS H NOT INDEXED CROSS JOIN %2 AS "
                                  "HI ON H.[Date/TimeIndex] = HI.[Date/TimeIndex] WHERE 1")
                       .arg(SqlIdentifier::quote(m_target), index, qualified(v.schema, valueTable)) +
-                  filterSql();
+                  filterSql(ids);
     QVariantList values{qint64(v.file->deviceIndex + 1)};
-    values << filterValues();
+    values << filterValues(ids);
     if (excluded >= 0) {
         sql += QStringLiteral(" AND HI.[DTmode] <> ?");
         values << excluded;
@@ -192,8 +202,7 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
     // which of two equal keys is read first, as it does when no budget can end in this hour.
     const qint64 instants = v.row.values.value(QStringLiteral("Recs_%1").arg(hour)).toLongLong();
     const bool budgetMayEnd =
-        m_context.dataIds.isEmpty() || instants <= 0 ||
-        m_rows + instants * m_context.dataIds.size() > m_context.tempLogRecSize;
+        ids.isEmpty() || instants <= 0 || m_rows + instants * ids.size() > m_context.tempLogRecSize;
     if (!m_cut.isValid() && budgetMayEnd) {
         sql += QStringLiteral(" ORDER BY HI.[Date/Time] %1, HI.[ms] %1, H.rowid LIMIT ?")
                    .arg(direction);

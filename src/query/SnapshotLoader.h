@@ -49,8 +49,11 @@ private:
     /// far; returns the rows taken out.
     qint64 trimToBudget();
     void copyScaledFormats(const DayVisit& visit);
-    QString filterSql() const;
-    QVariantList filterValues() const;
+    /// The data ids read from `file`: the selected points for snapshots, the meter's demand
+    /// items for demand; empty reads every point.
+    const QList<qint64>& idsOf(const LogFileEntry& file) const;
+    QString filterSql(const QList<qint64>& ids) const;
+    QVariantList filterValues(const QList<qint64>& ids) const;
 
     QueryContext& m_context;
     LogKind m_logKind;

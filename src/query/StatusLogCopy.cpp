@@ -47,6 +47,19 @@ QString StatusLogCopy::sharedColumns(SqliteDatabase& db, const QString& schema,
     return shared.join(QStringLiteral(", "));
 }
 
+QString StatusLogCopy::channelFilter(const QList<MeterItems::Channel>& chosen,
+                                     const QString& column, QVariantList& values)
+{
+    if (chosen.isEmpty())
+        return {};
+    QStringList any;
+    for (const MeterItems::Channel& channel : chosen) {
+        any << QStringLiteral("([ModuleIndex] = ? AND %1 = ?)").arg(SqlIdentifier::quote(column));
+        values << channel.module << channel.index;
+    }
+    return QStringLiteral(" AND (") + any.join(QStringLiteral(" OR ")) + QLatin1Char(')');
+}
+
 DayWalk::Result StatusLogCopy::load(QueryContext& context, QList<LogFileEntry>& files,
                                     const QueryNumbers& numbers, const Log& log)
 {
@@ -62,7 +75,8 @@ DayWalk::Result StatusLogCopy::load(QueryContext& context, QList<LogFileEntry>& 
         anyStamp << SqlIdentifier::quote(column) + QStringLiteral(" BETWEEN ? AND ?");
         bounds << from << to;
     }
-    const QString where = anyStamp.join(QStringLiteral(" OR "));
+    const QString where =
+        QLatin1Char('(') + anyStamp.join(QStringLiteral(" OR ")) + QLatin1Char(')');
 
     SilentProgress silent;
     DayWalk walk(*context.scratch, context.progress ? *context.progress : silent);
@@ -76,10 +90,15 @@ DayWalk::Result StatusLogCopy::load(QueryContext& context, QList<LogFileEntry>& 
                         if (columns.isEmpty())
                             throw StorageError(StorageError::Kind::Engine, visit.file->dbPath,
                                                QStringLiteral("no such table: ") + day);
+                        QVariantList values = bounds;
+                        const QString chosen = log.channels
+                                                   ? channelFilter(visit.file->items.*log.channels,
+                                                                   log.channelColumn, values)
+                                                   : QString();
                         db.execute(QStringLiteral("INSERT INTO %1 (%2) SELECT %2 FROM %3 WHERE %4")
                                        .arg(SqlIdentifier::quote(target), columns,
-                                            qualified(visit.schema, day), where),
-                                   bounds);
+                                            qualified(visit.schema, day), where + chosen),
+                                   values);
                         const qint64 rows = changes(db);
                         if (rows > 0)
                             DayWalk::stampDevice(db, target, visit.file->deviceIndex + 1);

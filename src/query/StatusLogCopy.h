@@ -28,6 +28,11 @@ public:
         QStringList timeColumns;
         /// The word of the progress text ("input", "flicker max/min").
         QString word;
+        /// For inputs and relays: the chosen channels of a file's meter and the column that
+        /// places a channel on its card (`InputIndex`, `RelayIndex`); a meter with none chosen
+        /// gives all its records.
+        QList<MeterItems::Channel> MeterItems::*channels = nullptr;
+        QString channelColumn{};
     };
 
     /// Loads `log` into `numbers`' slice table over the context's range. `files` is the
@@ -44,6 +49,9 @@ public:
                                const QString& settingsTable, const QString& itemsBase);
 
 private:
+    /// " AND (...)" keeping the records of `chosen` (bound in `values`); empty for none.
+    static QString channelFilter(const QList<MeterItems::Channel>& chosen, const QString& column,
+                                 QVariantList& values);
     /// The columns `table` of the attached `schema` shares with the scratch table `target`,
     /// quoted, without `DeviceIndex`.
     static QString sharedColumns(SqliteDatabase& db, const QString& schema, const QString& table,

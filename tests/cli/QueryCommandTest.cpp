@@ -252,3 +252,54 @@ TEST(QueryCommand, AMalformedStampIsADamagedFileNotACrash)
     EXPECT_TRUE(result.err.contains(QStringLiteral("\n  file: ") + damaged))
         << result.err.toStdString();
 }
+
+// Fault: the inputs, relays and demand items chosen for a meter were never handed to the
+// loaders, so these views showed every item of their log.
+TEST(QueryCommand, InputRelayAndDemandViewsReadOnlyTheChosenItems)
+{
+    struct Case
+    {
+        const char* view;
+        const char* option;
+        const char* chosen;
+        /// The column whose every cell must be one of `allowed`; empty: the data columns of
+        /// the grid must be `allowed`.
+        const char* column;
+        QStringList allowed;
+    };
+    const Case cases[] = {
+        {"inputs",
+         "--inputs",
+         "0:1,0:3",
+         "Input Index",
+         {QStringLiteral("1"), QStringLiteral("3")}},
+        {"relays", "--relays", "0:1", "Relay Index", {QStringLiteral("1")}},
+        {"demand",
+         "--demand",
+         "26003,26201",
+         "",
+         {QStringLiteral("1_26003"), QStringLiteral("1_26201")}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.view);
+        const QJsonArray grids = jsonGrids(
+            query({QString::fromLatin1(c.view), QStringLiteral("--meter"), meterPath(),
+                   QStringLiteral("--from"), QStringLiteral("2024-03-04"), QStringLiteral("--to"),
+                   QStringLiteral("2024-03-05"), QStringLiteral("--format"), QStringLiteral("json"),
+                   QString::fromLatin1(c.option), QString::fromLatin1(c.chosen)}));
+        ASSERT_FALSE(grids.isEmpty());
+        const QJsonObject grid = grids.at(0).toObject();
+        const QStringList columns = strings(grid.value(QStringLiteral("columns")));
+        if (*c.column == '\0') {
+            EXPECT_EQ(columns.mid(4), c.allowed);
+            continue;
+        }
+        const qsizetype at = columns.indexOf(QString::fromLatin1(c.column));
+        ASSERT_GE(at, 0);
+        const QJsonArray rows = grid.value(QStringLiteral("rows")).toArray();
+        ASSERT_FALSE(rows.isEmpty());
+        for (const QJsonValue& row : rows)
+            EXPECT_TRUE(c.allowed.contains(strings(row).value(at)))
+                << strings(row).join(',').toStdString();
+    }
+}

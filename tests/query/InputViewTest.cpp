@@ -13,6 +13,7 @@
 #include "query/PqView.h"
 #include "query/RelayView.h"
 #include "query/SetupRecordViews.h"
+#include "query/SnapshotView.h"
 #include "store/SchemaCatalog.h"
 
 #include <QFile>
@@ -64,6 +65,33 @@ TEST(InputView, ShowsTheSimulatedInputEventsWithTheirSettings)
     const GridTable none =
         SetupRecordViews::inputSetting(c.scratch->database(), view.numbers, 1, 1, 0, 9);
     EXPECT_EQ(none.rows.at(0).at(1), QString());
+}
+
+// Fault: the meter's chosen inputs never reached the loader, so the view read every input.
+TEST(InputView, ReadsOnlyTheInputsChosenForTheMeter)
+{
+    SimMeters sim;
+    const QString meter = sim.meter(QStringLiteral("Board"));
+    QueryContext all = sim.context({meter});
+    const GridTable every = InputView::run(all).grids.at(0);
+    const QStringList names = column(every, QStringLiteral("Input Name"));
+    const QStringList modules = column(every, QStringLiteral("Module Index"));
+    const QStringList places = column(every, QStringLiteral("Input Index"));
+    QueryContext chosen = sim.context({meter});
+    for (const QString& name : {QStringLiteral("Door Switch"), QStringLiteral("Main Breaker")}) {
+        const qsizetype row = names.indexOf(name);
+        ASSERT_GE(row, 0) << name.toStdString();
+        chosen.files[0].items.inputs
+            << MeterItems::Channel{modules.at(row).toInt(), places.at(row).toInt()};
+    }
+    const QStringList shown =
+        column(InputView::run(chosen).grids.at(0), QStringLiteral("Input Name"));
+    EXPECT_EQ(shown.size(), names.count(QStringLiteral("Door Switch")) +
+                                names.count(QStringLiteral("Main Breaker")));
+    EXPECT_EQ(shown.size(), 3);
+    for (const QString& name : shown)
+        EXPECT_TRUE(name == QStringLiteral("Door Switch") || name == QStringLiteral("Main Breaker"))
+            << name.toStdString();
 }
 
 TEST(InputView, FindsARecordByItsReturnStampAndSortsByDuration)
@@ -137,14 +165,21 @@ TEST(InputView, AMissingDayTableIsNamedWithItsMeterFileInEveryView)
     {
         LogKind kind;
         ViewResult (*run)(QueryContext&);
+        /// The table taken away; the day table of the kind when empty.
+        QString table;
     };
-    const Case cases[] = {{LogKind::Limits, &LimitView::run},
-                          {LogKind::Inputs, &InputView::run},
-                          {LogKind::Relays, &RelayView::run},
-                          {LogKind::Flicker, &FlickerView::run}};
+    const Case cases[] = {
+        {LogKind::Limits, &LimitView::run, {}},
+        {LogKind::Inputs, &InputView::run, {}},
+        {LogKind::Relays, &RelayView::run, {}},
+        {LogKind::Flicker, &FlickerView::run, {}},
+        // An hour flagged in the day's row whose value table is gone was skipped silently.
+        {LogKind::Snapshots,
+         [](QueryContext& c) { return SnapshotView(c, LogKind::Snapshots).load(); },
+         SchemaCatalog::hourValueTable(LogKind::Snapshots, 1, 6)}};
     SimMeters sim;
     for (const Case& c : cases) {
-        const QString table = SchemaCatalog::dayTable(c.kind, 1);
+        const QString table = c.table.isEmpty() ? SchemaCatalog::dayTable(c.kind, 1) : c.table;
         SCOPED_TRACE(table.toStdString());
         const QString meter = sim.meter(QStringLiteral("Damaged%1").arg(int(c.kind)));
         {

@@ -4,6 +4,7 @@
 #include "query/SelectionSession.h"
 
 #include "SelectionSimMeters.h"
+#include "query/ViewButtons.h"
 #include "store/DeviceTypeTable.h"
 
 #include <QDir>
@@ -74,4 +75,42 @@ TEST(SelectionSession, NewestMeterFileOfTheFolderOrTheInvalidPath)
     }
     EXPECT_EQ(QFileInfo(SelectionSession::newestMeterFile(folder).path).fileName(),
               QStringLiteral("b.DB"));
+}
+
+// Fault: the inputs, relays and demand items chosen for a meter never reached the view; the
+// press of a view button now hands each meter's own choice over with its file.
+TEST(SelectionSession, ChosenItemsTravelWithTheirMetersFileAndRenewTheBuffer)
+{
+    SelectionSimMeters sim;
+    SelectionSession session(2, sim.scratchPath());
+    const QString path = sim.meter(QStringLiteral("standard"));
+    ASSERT_TRUE(session.addFile().run(path, QFileInfo(path).fileName(), 0).added);
+    session.timeSelection().acceptPrevious(TimeSelection::Hours, QStringLiteral("1"),
+                                           session.topQueryBuffer());
+    TopQueryBuffer::Row held;
+    held.queryIndex = 4;
+    session.topQueryBuffer().setRow(ViewButtons::Inputs, held);
+
+    MeterItems chosen;
+    chosen.inputs = {{0, 1}, {0, 3}};
+    chosen.relays = {{1, 0}};
+    chosen.demandIds = {26003, 26201};
+    MeterItems tooMany;
+    for (int i = 0; i <= MeterItems::demandCount; ++i)
+        tooMany.demandIds << 26000 + i;
+    EXPECT_FALSE(session.setMeterItems(1, chosen)) << "meter 2 is not open";
+    EXPECT_FALSE(session.setMeterItems(0, tooMany));
+    EXPECT_TRUE(session.topQueryBuffer().holds(ViewButtons::Inputs)) << "a refusal keeps it";
+    ASSERT_TRUE(session.setMeterItems(0, chosen));
+    EXPECT_FALSE(session.topQueryBuffer().holds(ViewButtons::Inputs));
+
+    for (const int button : {ViewButtons::Inputs, ViewButtons::Relays, ViewButtons::Demand}) {
+        const ViewDispatch::Request request =
+            session.dispatch().Command2_Click(button, QDateTime::currentDateTime(), 0, {});
+        ASSERT_EQ(request.action, ViewDispatch::Action::Grid) << button;
+        ASSERT_EQ(request.files.size(), 1);
+        EXPECT_EQ(request.files.at(0).items.inputs, chosen.inputs);
+        EXPECT_EQ(request.files.at(0).items.relays, chosen.relays);
+        EXPECT_EQ(request.files.at(0).items.demandIds, chosen.demandIds);
+    }
 }
