@@ -34,8 +34,7 @@ WaveGraphSession::WaveGraphSession(SqliteDatabase& scratch, const WaveDisplaySet
 
 WaveGraphSession::Outcome WaveGraphSession::open(const QueryNumbers& numbers,
                                                  const QList<qint32>& series, int position,
-                                                 const QString& rangeText,
-                                                 const WaveformCapture::Progress& progress)
+                                                 const QString& rangeText, LoadProgress* progress)
 {
     m_numbers = numbers;
     m_series = series;
@@ -48,8 +47,7 @@ WaveGraphSession::Outcome WaveGraphSession::open(const QueryNumbers& numbers,
     return load(position, progress);
 }
 
-WaveGraphSession::Outcome WaveGraphSession::step(int delta,
-                                                 const WaveformCapture::Progress& progress)
+WaveGraphSession::Outcome WaveGraphSession::step(int delta, LoadProgress* progress)
 {
     const int target = m_position + delta;
     if (target < 0)
@@ -65,8 +63,7 @@ WaveGraphSession::Outcome WaveGraphSession::step(int delta,
     return outcome;
 }
 
-WaveGraphSession::Outcome WaveGraphSession::load(int position,
-                                                 const WaveformCapture::Progress& progress)
+WaveGraphSession::Outcome WaveGraphSession::load(int position, LoadProgress* progress)
 {
     m_capture.setTalmoFrequency(m_settings.talmoFreq);
     if (!m_capture.open(m_scratch, m_numbers, m_series.at(position), progress))
@@ -114,7 +111,7 @@ void WaveGraphSession::setSettings(const WaveDisplaySettings& settings)
                          m_capture.record().deviceTypeId == 0;
     m_settings = settings;
     if (newAxis)
-        load(m_position, {});
+        load(m_position, nullptr);
 }
 
 void WaveGraphSession::click(int channel, double ms)

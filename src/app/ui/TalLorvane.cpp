@@ -173,11 +173,7 @@ void TalLorvane::createChildren()
 TalWaveGraphPE* TalLorvane::openWaveform(const QueryNumbers& numbers, const QList<qint32>& series,
                                          int position, const QString& caption)
 {
-    // Loading a capture reads the scratch database and serves events: it is long work.
-    WorkGuard::Scope work = m_context.work.enter();
-    if (!work)
-        return nullptr;
-    work.watch(m_progress);
+    // The window's load enters the run's busy guard itself: it refuses while other work runs.
     auto* window = new TalWaveGraphPE(m_context);
     window->setProgressWindow(m_progress);
     connect(window, &TalWaveGraphPE::helpRequested, this, &TalLorvane::showHelp);

@@ -11,13 +11,16 @@
 #include "app/RunContext.h"
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
+#include "platform/WorkGuard.h"
 #include "store/TempQueryDatabase.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -25,14 +28,15 @@
 namespace lorvane {
 
 TalWaveGraphPE::TalWaveGraphPE(RunContext& context, QWidget* parent)
-    : TalWaveGraphPE(context.scratch->database(), context.paths.settingsFile, parent)
+    : TalWaveGraphPE(context.scratch->database(), context.paths.settingsFile, context.work, parent)
 {
     m_pictureFolder = context.paths.pictureFolder();
 }
 
-TalWaveGraphPE::TalWaveGraphPE(SqliteDatabase& scratch, QString settingsFile, QWidget* parent)
+TalWaveGraphPE::TalWaveGraphPE(SqliteDatabase& scratch, QString settingsFile, WorkGuard& work,
+                               QWidget* parent)
     : QWidget(parent), m_session(scratch, WaveDisplaySettings::read(settingsFile)),
-      m_settingsFile(std::move(settingsFile)),
+      m_settingsFile(std::move(settingsFile)), m_work(work),
       m_dialogs(this, [this](const QString& topic) { emit helpRequested(topic); }),
       m_status(new QLabel), m_progress(m_status)
 {
@@ -93,34 +97,39 @@ void TalWaveGraphPE::connectPages()
 bool TalWaveGraphPE::open(const QueryNumbers& numbers, const QList<qint32>& series, int position,
                           const QString& rangeText)
 {
-    return load([&](const WaveformCapture::Progress& progress) {
+    return load([&](LoadProgress* progress) {
         return m_session.open(numbers, series, position, rangeText, progress);
     });
 }
 
 void TalWaveGraphPE::step(int delta)
 {
-    load(
-        [&](const WaveformCapture::Progress& progress) { return m_session.step(delta, progress); });
+    load([&](LoadProgress* progress) { return m_session.step(delta, progress); });
 }
 
-bool TalWaveGraphPE::load(
-    const std::function<WaveGraphSession::Outcome(const WaveformCapture::Progress&)>& run)
+bool TalWaveGraphPE::load(const std::function<WaveGraphSession::Outcome(LoadProgress*)>& run)
 {
+    // A load reads the scratch database and serves events at its steps: it is long work.
+    WorkGuard::Scope scope = m_work.enter();
+    if (!scope)
+        return false;
     setEnabled(false);
-    // The loader cannot stop half-way: its progress window offers no cancel.
+    // The loader cannot stop half-way: its progress window offers no cancel, and a waiter
+    // (the close of the frame) has its turn once the capture is shown.
     m_progress.begin(userText("505013", "Opening the waveform capture"), false);
-    const WaveGraphSession::Outcome outcome = run([this](const QString& t) { m_progress.step(t); });
+    scope.watch(&m_progress);
+    const WaveGraphSession::Outcome outcome = run(&m_progress);
     if (m_session.isOpen() && outcome.ok) {
         setWindowTitle(m_session.windowTitle());
         m_capturePage->rebuild([this](int strip) {
-            m_progress.step(userText("501013", "Seting Up Graph ") + QString::number(strip));
+            m_progress.status(userText("501013", "Seting Up Graph ") + QString::number(strip));
         });
-        m_progress.step(userText("501014", "Draw the graphs"));
+        m_progress.status(userText("501014", "Draw the graphs"));
         m_capturePage->setZoomMode(m_zoomMode);
         m_pages->setCurrentIndex(0);
     }
     m_progress.end();
+    scope.watch(nullptr);
     setEnabled(true);
     tell(outcome);
     refresh();
@@ -171,12 +180,11 @@ int TalWaveGraphPE::view() const
 
 void TalWaveGraphPE::clickAt(int channel, double x)
 {
-    if (m_busy || !m_session.isOpen())
+    // A click that arrives while a run serves events waits for its end.
+    if (m_work.busy() || !m_session.isOpen())
         return;
-    m_busy = true;
     m_session.click(channel, x);
     refresh();
-    m_busy = false;
 }
 
 void TalWaveGraphPE::setMark(int number, double x)
@@ -293,19 +301,24 @@ void TalWaveGraphPE::setInterharmonicFrequency(int hz)
 
 bool TalWaveGraphPE::showInterharmonic()
 {
-    if (m_busy || !m_session.isOpen())
+    if (!m_session.isOpen())
         return false;
-    // The steps serve the window's events; the busy flag keeps a click or a close from
-    // entering while they run.
-    m_busy = true;
+    // The steps serve the window's events: no other work starts meanwhile, and the close of
+    // the window or the frame cancels the run and waits for its end.
+    WorkGuard::Scope scope = m_work.enter();
+    if (!scope)
+        return false;
     m_progress.begin(userText("505014", "Interharmonic analysis"), true);
-    m_progress.step(userText("505015", "Reading the interharmonic window"));
+    scope.watch(&m_progress);
+    m_progress.status(userText("505015", "Reading the interharmonic window"));
     InterharmonicAnalysis::Result result = m_session.runInterharmonic(
-        [this] { m_progress.step(userText("505016", "Reading the following capture")); });
-    m_progress.step(userText("505017", "Drawing the interharmonic graphs"));
+        [this] { m_progress.status(userText("505016", "Reading the following capture")); });
+    m_progress.status(userText("505017", "Drawing the interharmonic graphs"));
     const bool cancelled = m_progress.end();
-    m_busy = false;
-    if (cancelled || !result.ok) {
+    scope.watch(nullptr);
+    if (cancelled)
+        return false;
+    if (!result.ok) {
         tell({false, result.message, true});
         return false;
     }
@@ -384,11 +397,16 @@ void TalWaveGraphPE::editGraph()
 
 void TalWaveGraphPE::closeEvent(QCloseEvent* event)
 {
-    if (m_busy) {
-        userMessages().show(
-            userText("503480", "Please wait while Interharmonic computation finishes."),
-            UserMessages::Icon::Warning, windowTitle());
+    if (m_work.busy()) {
+        // The running work is asked to stop; the window (with its frame in the main
+        // window's area) closes once it has.
         event->ignore();
+        m_work.stopThen([window = QPointer<TalWaveGraphPE>(this)] {
+            if (!window)
+                return;
+            auto* frame = qobject_cast<QMdiSubWindow*>(window->parentWidget());
+            frame ? frame->close() : window->close();
+        });
         return;
     }
     QWidget::closeEvent(event);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/LoadProgress.h"
+
 #include <QString>
 
 class QLabel;
@@ -10,8 +12,10 @@ namespace lorvane {
 class frmProgress;
 
 /// The progress of the waveform window's long steps: in the run's progress window when there
-/// is one, else on the window's status line. Each step serves the window's events.
-class WaveGraphProgress
+/// is one, else on the window's status line. Each step serves the window's events; a cancel
+/// of the progress window or of whoever waits for the work (the close of the frame) stops
+/// the steps that can stop.
+class WaveGraphProgress : public LoadProgress
 {
 public:
     explicit WaveGraphProgress(QLabel* status) : m_status(status) {}
@@ -20,9 +24,14 @@ public:
     void setWindow(frmProgress* window) { m_window = window; }
     /// Starts the steps of `title`; without `cancellable` the window offers no cancel.
     void begin(const QString& title, bool cancellable);
-    void step(const QString& text);
-    /// Ends the steps; true when the user cancelled.
+    /// A step's text, shown and then the window's events served.
+    void status(const QString& text) override;
+    /// Ends the steps; true when the user or a waiter cancelled.
     bool end();
+
+protected:
+    void showFraction(std::optional<double> fraction) override;
+    void serve() override;
 
 private:
     QLabel* m_status;

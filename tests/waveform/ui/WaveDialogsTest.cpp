@@ -67,7 +67,7 @@ TEST(WaveGraphSetup, OkWritesEveryKeyAndCancelNone)
     EXPECT_TRUE(text.contains("Item14PointType=0"));
 
     // The window follows the written mode: one overlay graph of the selected items.
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "overlay"));
     EXPECT_EQ(window.graphNames(), QStringList{"Overlay graph"});
 }
@@ -75,7 +75,7 @@ TEST(WaveGraphSetup, OkWritesEveryKeyAndCancelNone)
 TEST(WavePropertyFrm, RowsOfTheOpenCaptureAndCopy)
 {
     WaveWindowFixture fixture;
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     const lorvane::WaveformRecord& record = window.capture().record();
     // The 128-per-cycle capture is wired as a wye: its drawing stands beside the Hookup row.
@@ -110,7 +110,7 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     WaveWindowFixture fixture;
     RecordedMessages messages;
     ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     const int sine = fixture.periodic(128);
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), sine, "sine"));
     window.show();
