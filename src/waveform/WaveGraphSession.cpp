@@ -3,6 +3,7 @@
 
 #include "CsvCaptureFile.h"
 #include "WaveGraphTexts.h"
+#include "platform/LoadProgress.h"
 #include "platform/StorageError.h"
 #include "platform/UserText.h"
 #include "store/StampedTime.h"
@@ -290,16 +291,24 @@ QList<std::pair<QString, double>> WaveGraphSession::captureRms() const
 }
 
 QList<WaveGraphSession::CompositionCurve>
-WaveGraphSession::compositionCurves(QStringList& failures) const
+WaveGraphSession::compositionCurves(QStringList& failures, LoadProgress* progress) const
 {
     QList<CompositionCurve> curves;
-    for (const WaveCompositionItem& item : m_composition.items()) {
+    const QList<WaveCompositionItem>& items = m_composition.items();
+    for (qsizetype k = 0; k < items.size(); ++k) {
+        const WaveCompositionItem& item = items.at(k);
+        if (progress)
+            progress->advance(k, items.size());
         CompositionCurve curve;
         curve.legend = WaveCompositionList::legend(item);
         curve.channel = item.itemIndex;
         WaveformCapture capture;
         capture.setTalmoFrequency(m_settings.talmoFreq);
-        if (!capture.open(m_scratch, m_numbers, item.groupIndex)) {
+        std::optional<ProgressShare> share;
+        if (progress)
+            share.emplace(*progress, double(k) / double(items.size()),
+                          double(k + 1) / double(items.size()));
+        if (!capture.open(m_scratch, m_numbers, item.groupIndex, share ? &*share : nullptr)) {
             failures << capture.message();
             curves << curve;
             continue;
@@ -317,6 +326,8 @@ WaveGraphSession::compositionCurves(QStringList& failures) const
                                                    int(curve.values.size()));
         curves << curve;
     }
+    if (progress)
+        progress->advance(items.size(), items.size());
     return curves;
 }
 

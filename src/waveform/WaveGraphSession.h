@@ -140,8 +140,10 @@ public:
         QVector<float> values;
     };
     /// The curves of the composition list, each item's capture opened afresh; a capture that
-    /// fails leaves its curve empty and its message in `failures`.
-    QList<CompositionCurve> compositionCurves(QStringList& failures) const;
+    /// fails leaves its curve empty and its message in `failures`. `progress` gets each
+    /// capture's share of the list.
+    QList<CompositionCurve> compositionCurves(QStringList& failures,
+                                              LoadProgress* progress = nullptr) const;
     /// The channels of the open capture and of its neighbours in the series, as the left-hand
     /// list of the set-up offers them.
     QList<WaveCompositionItem> compositionCandidates() const;

@@ -358,8 +358,18 @@ void TalWaveGraphPE::showCompositionSetup()
 
 void TalWaveGraphPE::showComposition()
 {
+    // Each item's capture is opened afresh, with events served: long work like a load.
+    WorkGuard::Scope scope = m_work.enter();
+    if (!scope)
+        return;
+    m_progress.begin(userText("505013", "Opening the waveform capture"), false);
+    scope.watch(&m_progress);
     QStringList failures;
-    m_compositionPage->show(m_session.compositionCurves(failures), m_session.settings());
+    QList<WaveGraphSession::CompositionCurve> curves =
+        m_session.compositionCurves(failures, &m_progress);
+    m_progress.end();
+    scope.watch(nullptr);
+    m_compositionPage->show(std::move(curves), m_session.settings());
     for (const QString& failure : std::as_const(failures))
         tell({false, failure, true});
     m_pages->setCurrentIndex(2);

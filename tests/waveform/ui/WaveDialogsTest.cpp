@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dialogs of the waveform window: display settings, properties and the composition set-up.
 #include "platform/UserMessages.h"
+#include "support/RecordingProgress.h"
 #include "support/TestEnvironment.h"
 #include "support/WaveWindowFixture.h"
 #include "support/ui/Screenshot.h"
@@ -21,6 +22,7 @@
 #include <QFile>
 #include <QPushButton>
 #include <QTableWidget>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace lorvane;
@@ -149,6 +151,14 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     EXPECT_DOUBLE_EQ(chart->xMin(), 0);
     EXPECT_GT(chart->xMax(), 20.0);
     lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-composition"));
+    // Each capture of the list is its share of the composition's progress.
+    RecordingProgress progress;
+    QStringList failures;
+    EXPECT_EQ(window.session().compositionCurves(failures, &progress).size(), 2);
+    EXPECT_TRUE(failures.isEmpty());
+    EXPECT_TRUE(progress.fractions.contains(0.5));
+    EXPECT_TRUE(std::is_sorted(progress.fractions.cbegin(), progress.fractions.cend()));
+    EXPECT_DOUBLE_EQ(progress.fractions.last(), 1.0);
 
     // The advanced view carries Command2; &Back returns to the capture.
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Advanced);
