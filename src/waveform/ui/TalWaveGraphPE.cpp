@@ -1,27 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TalWaveGraphPE.h"
 
-#include "WaveBarChart.h"
 #include "WaveCapturePage.h"
 #include "WaveCompositionPage.h"
 #include "WaveGraphButtons.h"
-#include "WaveGraphDialogs.h"
 #include "WaveGraphMenu.h"
 #include "WaveInterharmonicPage.h"
 #include "app/RunContext.h"
+#include "graph/ui/CloseAfterWork.h"
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
 #include "platform/WorkGuard.h"
 #include "store/TempQueryDatabase.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QMdiSubWindow>
-#include <QMenu>
-#include <QPointer>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -109,31 +103,28 @@ void TalWaveGraphPE::step(int delta)
 
 bool TalWaveGraphPE::load(const std::function<WaveGraphSession::Outcome(LoadProgress*)>& run)
 {
-    // A load reads the scratch database and serves events at its steps: it is long work.
-    WorkGuard::Scope scope = m_work.enter();
-    if (!scope)
-        return false;
-    setEnabled(false);
+    std::optional<WaveGraphSession::Outcome> outcome;
     // The loader cannot stop half-way: its progress window offers no cancel, and a waiter
     // (the close of the frame) has its turn once the capture is shown.
-    m_progress.begin(userText("505013", "Opening the waveform capture"), false);
-    scope.watch(&m_progress);
-    const WaveGraphSession::Outcome outcome = run(&m_progress);
-    if (m_session.isOpen() && outcome.ok) {
-        setWindowTitle(m_session.windowTitle());
-        m_capturePage->rebuild([this](int strip) {
-            m_progress.status(userText("501013", "Seting Up Graph ") + QString::number(strip));
-        });
-        m_progress.status(userText("501014", "Draw the graphs"));
-        m_capturePage->setZoomMode(m_zoomMode);
-        m_pages->setCurrentIndex(0);
-    }
-    m_progress.end();
-    scope.watch(nullptr);
-    setEnabled(true);
-    tell(outcome);
+    m_progress.run(m_work, userText("505013", "Opening the waveform capture"), false, [&] {
+        setEnabled(false);
+        outcome = run(&m_progress);
+        if (m_session.isOpen() && outcome->ok) {
+            setWindowTitle(m_session.windowTitle());
+            m_capturePage->rebuild([this](int strip) {
+                m_progress.status(userText("501013", "Seting Up Graph ") + QString::number(strip));
+            });
+            m_progress.status(userText("501014", "Draw the graphs"));
+            m_capturePage->setZoomMode(m_zoomMode);
+            m_pages->setCurrentIndex(0);
+        }
+        setEnabled(true);
+    });
+    if (!outcome)
+        return false;
+    tell(*outcome);
     refresh();
-    return outcome.ok;
+    return outcome->ok;
 }
 
 void TalWaveGraphPE::tell(const WaveGraphSession::Outcome& outcome)
@@ -303,20 +294,14 @@ bool TalWaveGraphPE::showInterharmonic()
 {
     if (!m_session.isOpen())
         return false;
-    // The steps serve the window's events: no other work starts meanwhile, and the close of
-    // the window or the frame cancels the run and waits for its end.
-    WorkGuard::Scope scope = m_work.enter();
-    if (!scope)
-        return false;
-    m_progress.begin(userText("505014", "Interharmonic analysis"), true);
-    scope.watch(&m_progress);
-    m_progress.status(userText("505015", "Reading the interharmonic window"));
-    InterharmonicAnalysis::Result result = m_session.runInterharmonic(
-        [this] { m_progress.status(userText("505016", "Reading the following capture")); });
-    m_progress.status(userText("505017", "Drawing the interharmonic graphs"));
-    const bool cancelled = m_progress.end();
-    scope.watch(nullptr);
-    if (cancelled)
+    // The close of the window or the frame cancels the run: it shows nothing then.
+    InterharmonicAnalysis::Result result;
+    if (!m_progress.run(m_work, userText("505014", "Interharmonic analysis"), true, [&] {
+            m_progress.status(userText("505015", "Reading the interharmonic window"));
+            result = m_session.runInterharmonic(
+                [this] { m_progress.status(userText("505016", "Reading the following capture")); });
+            m_progress.status(userText("505017", "Drawing the interharmonic graphs"));
+        }))
         return false;
     if (!result.ok) {
         tell({false, result.message, true});
@@ -359,16 +344,11 @@ void TalWaveGraphPE::showCompositionSetup()
 void TalWaveGraphPE::showComposition()
 {
     // Each item's capture is opened afresh, with events served: long work like a load.
-    WorkGuard::Scope scope = m_work.enter();
-    if (!scope)
-        return;
-    m_progress.begin(userText("505013", "Opening the waveform capture"), false);
-    scope.watch(&m_progress);
     QStringList failures;
-    QList<WaveGraphSession::CompositionCurve> curves =
-        m_session.compositionCurves(failures, &m_progress);
-    m_progress.end();
-    scope.watch(nullptr);
+    QList<WaveGraphSession::CompositionCurve> curves;
+    if (!m_progress.run(m_work, userText("505013", "Opening the waveform capture"), false,
+                        [&] { curves = m_session.compositionCurves(failures, &m_progress); }))
+        return;
     m_compositionPage->show(std::move(curves), m_session.settings());
     for (const QString& failure : std::as_const(failures))
         tell({false, failure, true});
@@ -407,19 +387,11 @@ void TalWaveGraphPE::editGraph()
 
 void TalWaveGraphPE::closeEvent(QCloseEvent* event)
 {
-    if (m_work.busy()) {
-        // The running work is asked to stop; the window (with its frame in the main
-        // window's area) closes once it has.
+    // Running work is asked to stop; the window closes once it has.
+    if (CloseAfterWork::defer(m_work, this))
         event->ignore();
-        m_work.stopThen([window = QPointer<TalWaveGraphPE>(this)] {
-            if (!window)
-                return;
-            auto* frame = qobject_cast<QMdiSubWindow*>(window->parentWidget());
-            frame ? frame->close() : window->close();
-        });
-        return;
-    }
-    QWidget::closeEvent(event);
+    else
+        QWidget::closeEvent(event);
 }
 
 } // namespace lorvane

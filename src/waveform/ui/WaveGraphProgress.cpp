@@ -2,12 +2,29 @@
 #include "WaveGraphProgress.h"
 
 #include "app/ui/frmProgress.h"
+#include "platform/WorkGuard.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 
 namespace lorvane {
+
+bool WaveGraphProgress::run(WorkGuard& work, const QString& title, bool cancellable,
+                            const std::function<void()>& steps)
+{
+    // The steps serve the window's events: no other work starts meanwhile, and a waiter
+    // raises the cancel flag watched here.
+    WorkGuard::Scope scope = work.enter();
+    if (!scope)
+        return false;
+    begin(title, cancellable);
+    scope.watch(this);
+    steps();
+    const bool cancelled = end();
+    scope.watch(nullptr);
+    return !cancelled;
+}
 
 void WaveGraphProgress::begin(const QString& title, bool cancellable)
 {
