@@ -405,7 +405,7 @@ int WaveformCommand::run(const QStringList& arguments)
         const ViewResult view = WaveformView::run(context);
 
         WaveformCapture capture;
-        const bool opened = capture.open(scratch->database(), view.numbers, o.record);
+        const bool opened = capture.open(scratch->database(), view.numbers, o.record, &progress);
         if (!opened) {
             CliOutput::error(capture.message());
             scratch->closeAndDelete();

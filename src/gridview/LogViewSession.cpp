@@ -391,11 +391,6 @@ LogViewSession::GraphTarget LogViewSession::graphTarget(LogKind logKind)
     }
 }
 
-bool LogViewSession::graphWindowExists(GraphTarget target)
-{
-    return target == GraphTarget::WaveformGraph;
-}
-
 LogViewSession::GraphAction LogViewSession::graph(int row) const
 {
     GraphAction action;
@@ -417,14 +412,14 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
         } else if (!selected) {
             message(userText("406011", "Please select a waveform to graph"));
         } else {
-            action.kind = GraphAction::Kind::Waveform;
-            action.numbers = entry.result.numbers;
-            for (const QVariantMap& keys : grid.rowKeys)
-                action.series << keys.value(QStringLiteral("RecCounter")).toInt();
-            action.position = row;
+            action.kind = GraphAction::Kind::Graph;
+            action.selection.logKind = int(entry.logKind);
+            action.selection.numbers = entry.result.numbers;
+            action.selection.rows = grid.rowKeys;
+            action.selection.position = row;
             // The window makes its caption from the capture it shows and the query's range,
             // so that it follows P&rev and &Next.
-            action.caption = entry.result.rangeText;
+            action.selection.caption = entry.result.rangeText;
         }
         break;
     case LogKind::Relays:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "graph/GraphSelection.h"
 #include "query/QueryContext.h"
 #include "query/SortState.h"
 #include "query/ViewDispatch.h"
@@ -38,11 +39,9 @@ public:
         PqGraph,         ///< the magnitude/duration graph on the query's PQ table
         ComplianceChart, ///< the EN 50160 chart of the compliance list
     };
-    /// The hand-over of `logKind`.
+    /// The hand-over of `logKind`. &Graph is enabled for a kind once a graph window has made
+    /// itself known for it (GraphWindows).
     static GraphTarget graphTarget(LogKind logKind);
-    /// The target has a window in this build: &Graph is enabled for its kinds. Each graph
-    /// window adds its target here when it lands.
-    static bool graphWindowExists(GraphTarget target);
 
     /// What &Graph does for the current kind and row.
     struct GraphAction
@@ -51,15 +50,13 @@ public:
         {
             Unavailable, ///< the kind has no graph window yet: the button stays disabled
             Message,     ///< `message` tells why nothing opens
-            Waveform,    ///< open the capture of row `position` of `series`
+            Graph,       ///< open the graph window of the kind on `selection`
         };
         Kind kind = Kind::Unavailable;
         QString message;
-        QueryNumbers numbers;
-        QList<qint32> series;
-        int position = -1;
-        /// The query's range text, for the window's caption.
-        QString caption;
+        /// The rows' keys in grid order, the chosen row and the query's range text, from
+        /// which the window makes its caption.
+        GraphSelection selection;
     };
 
     /// A row bound to a graph by a check mark: the query it was read in and the row's keys,

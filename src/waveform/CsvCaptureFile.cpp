@@ -4,6 +4,7 @@
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
 #include "WaveformTimeBase.h"
+#include "platform/LoadProgress.h"
 #include "platform/UserText.h"
 
 #include <QElapsedTimer>
@@ -14,10 +15,10 @@ namespace lorvane {
 
 namespace {
 
-void tell(const CsvCaptureFile::Progress& progress, const QString& text)
+void tell(LoadProgress* progress, const QString& text)
 {
     if (progress)
-        progress(text);
+        progress->status(text);
 }
 
 QString withoutApostrophe(QString text)
@@ -71,13 +72,12 @@ bool lineFeedsOnly(const QString& path)
 } // namespace
 
 int CsvCaptureFile::load(const QString& path, int sampleRate, int sampleCount,
-                         const Progress& progress, const clsCSVParser::Dial& dial)
+                         LoadProgress* progress)
 {
     m_parser = clsCSVParser();
-    m_parser.DialObject(dial);
     QElapsedTimer clock;
     clock.start();
-    const int result = m_parser.import_File(path);
+    const int result = m_parser.import_File(path, progress);
     m_loadSeconds = QString::number(double(clock.elapsed()) / 1000.0, 'f', 3);
     if (result < 0)
         return result;
@@ -101,7 +101,7 @@ int CsvCaptureFile::load(const QString& path, int sampleRate, int sampleCount,
     return result;
 }
 
-void CsvCaptureFile::readChannels(const Progress& progress)
+void CsvCaptureFile::readChannels(LoadProgress* progress)
 {
     m_channelIds.fill(-1);
     m_channelNames.fill(QString());
@@ -258,7 +258,7 @@ QStringList CsvCaptureFile::result(const QString& label) const
 }
 
 QString CsvCaptureFile::loadSamples(const WaveformRecord& record, WaveformChannels& channels,
-                                    const Progress& progress) const
+                                    LoadProgress* progress) const
 {
     channels = WaveformChannels();
     if (m_lineFeedsOnly)
@@ -291,6 +291,8 @@ QString CsvCaptureFile::loadSamples(const WaveformRecord& record, WaveformChanne
     for (int k = 0; k < m_channelCount; ++k) {
         const QString& name = m_channelNames.at(k);
         tell(progress, userText("501024", "Reading in the waveform samples for channel ") + name);
+        if (progress)
+            progress->advance(k, m_channelCount);
         const int read = m_parser.getColumn(col + 4 + k, row + 1, int(count), cells, false);
         if (read < count)
             return userText("506004", "channel %1 ends after %2 of its %3 samples, at line %4")
@@ -328,6 +330,8 @@ QString CsvCaptureFile::loadSamples(const WaveformRecord& record, WaveformChanne
         channels.recorded[nextAnalog] = true;
         ++nextAnalog;
     }
+    if (progress)
+        progress->advance(m_channelCount, m_channelCount);
     return {};
 }
 

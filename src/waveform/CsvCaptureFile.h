@@ -8,10 +8,10 @@
 #include <QStringList>
 #include <QVector>
 #include <array>
-#include <functional>
 
 namespace lorvane {
 
+class LoadProgress;
 struct WaveformChannels;
 struct WaveformRecord;
 
@@ -26,9 +26,6 @@ public:
     /// Highest channel id the "[ID:n]" search tries.
     static constexpr int maxChannelId = 228;
     static constexpr int maxTransientBlocks = 6;
-
-    /// Receives the step texts of a load ("Reading the channel Ids" ...).
-    using Progress = std::function<void(const QString& text)>;
 
     /// One "Block n" of the "Transient Details Blocks". Flag texts lose a leading apostrophe.
     struct TransientBlock
@@ -58,9 +55,10 @@ public:
     /// Reads the file at `path` and its header. `sampleRate` (per cycle) and `sampleCount`
     /// come from the capture's row; they bound the trigger sample search. Returns the result
     /// of clsCSVParser::import_File: the last line index, or clsCSVParser::emptyOrMissing /
-    /// openFailed, in which case nothing else was read.
-    int load(const QString& path, int sampleRate, int sampleCount, const Progress& progress = {},
-             const clsCSVParser::Dial& dial = {});
+    /// openFailed, in which case nothing else was read. `progress` gets the step texts and the
+    /// share of the file read.
+    int load(const QString& path, int sampleRate, int sampleCount,
+             LoadProgress* progress = nullptr);
 
     /// Fills `channels` (resized to `record.sampleCount`) with the time axis and the samples:
     /// the status channel into the input lanes, analog channels in file order into Va, Vb,
@@ -68,9 +66,9 @@ public:
     /// record's PT/CT ratios. Returns an empty text, or what is wrong with the file: lines
     /// ended by line feeds alone, no sample rows, a sample count the file cannot hold (checked
     /// before anything is allocated), a channel shorter than the count, a sample that is not a
-    /// finite number. `channels` is then empty.
+    /// finite number. `channels` is then empty. `progress` gets a text and a share per channel.
     QString loadSamples(const WaveformRecord& record, WaveformChannels& channels,
-                        const Progress& progress = {}) const;
+                        LoadProgress* progress = nullptr) const;
 
     /// "Transient" file (line 0 does not say "Waveform" but says "Transient").
     bool transient() const { return m_transient; }
@@ -94,7 +92,7 @@ public:
     const clsCSVParser& parser() const { return m_parser; }
 
 private:
-    void readChannels(const Progress& progress);
+    void readChannels(LoadProgress* progress);
     void readTimingPoint(int sampleRate, int sampleCount);
     void readTransientBlocks();
     void readResults();

@@ -3,6 +3,7 @@
 
 #include "CsvCaptureFile.h"
 #include "WaveGraphTexts.h"
+#include "platform/LoadProgress.h"
 #include "platform/StorageError.h"
 #include "platform/UserText.h"
 #include "store/StampedTime.h"
@@ -34,8 +35,7 @@ WaveGraphSession::WaveGraphSession(SqliteDatabase& scratch, const WaveDisplaySet
 
 WaveGraphSession::Outcome WaveGraphSession::open(const QueryNumbers& numbers,
                                                  const QList<qint32>& series, int position,
-                                                 const QString& rangeText,
-                                                 const WaveformCapture::Progress& progress)
+                                                 const QString& rangeText, LoadProgress* progress)
 {
     m_numbers = numbers;
     m_series = series;
@@ -48,8 +48,7 @@ WaveGraphSession::Outcome WaveGraphSession::open(const QueryNumbers& numbers,
     return load(position, progress);
 }
 
-WaveGraphSession::Outcome WaveGraphSession::step(int delta,
-                                                 const WaveformCapture::Progress& progress)
+WaveGraphSession::Outcome WaveGraphSession::step(int delta, LoadProgress* progress)
 {
     const int target = m_position + delta;
     if (target < 0)
@@ -65,8 +64,7 @@ WaveGraphSession::Outcome WaveGraphSession::step(int delta,
     return outcome;
 }
 
-WaveGraphSession::Outcome WaveGraphSession::load(int position,
-                                                 const WaveformCapture::Progress& progress)
+WaveGraphSession::Outcome WaveGraphSession::load(int position, LoadProgress* progress)
 {
     m_capture.setTalmoFrequency(m_settings.talmoFreq);
     if (!m_capture.open(m_scratch, m_numbers, m_series.at(position), progress))
@@ -114,7 +112,7 @@ void WaveGraphSession::setSettings(const WaveDisplaySettings& settings)
                          m_capture.record().deviceTypeId == 0;
     m_settings = settings;
     if (newAxis)
-        load(m_position, {});
+        load(m_position, nullptr);
 }
 
 void WaveGraphSession::click(int channel, double ms)
@@ -293,16 +291,24 @@ QList<std::pair<QString, double>> WaveGraphSession::captureRms() const
 }
 
 QList<WaveGraphSession::CompositionCurve>
-WaveGraphSession::compositionCurves(QStringList& failures) const
+WaveGraphSession::compositionCurves(QStringList& failures, LoadProgress* progress) const
 {
     QList<CompositionCurve> curves;
-    for (const WaveCompositionItem& item : m_composition.items()) {
+    const QList<WaveCompositionItem>& items = m_composition.items();
+    for (qsizetype k = 0; k < items.size(); ++k) {
+        const WaveCompositionItem& item = items.at(k);
+        if (progress)
+            progress->advance(k, items.size());
         CompositionCurve curve;
         curve.legend = WaveCompositionList::legend(item);
         curve.channel = item.itemIndex;
         WaveformCapture capture;
         capture.setTalmoFrequency(m_settings.talmoFreq);
-        if (!capture.open(m_scratch, m_numbers, item.groupIndex)) {
+        std::optional<ProgressShare> share;
+        if (progress)
+            share.emplace(*progress, double(k) / double(items.size()),
+                          double(k + 1) / double(items.size()));
+        if (!capture.open(m_scratch, m_numbers, item.groupIndex, share ? &*share : nullptr)) {
             failures << capture.message();
             curves << curve;
             continue;
@@ -320,6 +326,8 @@ WaveGraphSession::compositionCurves(QStringList& failures) const
                                                    int(curve.values.size()));
         curves << curve;
     }
+    if (progress)
+        progress->advance(items.size(), items.size());
     return curves;
 }
 

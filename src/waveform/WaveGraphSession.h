@@ -15,6 +15,7 @@
 
 namespace lorvane {
 
+class LoadProgress;
 class SqliteDatabase;
 
 /// The state and rules of the waveform window without the window: the series of captures and
@@ -47,10 +48,10 @@ public:
     /// the grid shows it (for the caption). Marks, cursor, zoom and interharmonic start start
     /// afresh. A failure keeps nothing of the capture and says why.
     Outcome open(const QueryNumbers& numbers, const QList<qint32>& series, int position,
-                 const QString& rangeText, const WaveformCapture::Progress& progress = {});
+                 const QString& rangeText, LoadProgress* progress = nullptr);
     /// P&rev (-1) and &Next (+1). At the ends the message and the capture stays; a capture
     /// that fails to load is told and the one before is opened again.
-    Outcome step(int delta, const WaveformCapture::Progress& progress = {});
+    Outcome step(int delta, LoadProgress* progress = nullptr);
 
     const WaveformCapture& capture() const { return m_capture; }
     WaveformCapture& capture() { return m_capture; }
@@ -139,14 +140,16 @@ public:
         QVector<float> values;
     };
     /// The curves of the composition list, each item's capture opened afresh; a capture that
-    /// fails leaves its curve empty and its message in `failures`.
-    QList<CompositionCurve> compositionCurves(QStringList& failures) const;
+    /// fails leaves its curve empty and its message in `failures`. `progress` gets each
+    /// capture's share of the list.
+    QList<CompositionCurve> compositionCurves(QStringList& failures,
+                                              LoadProgress* progress = nullptr) const;
     /// The channels of the open capture and of its neighbours in the series, as the left-hand
     /// list of the set-up offers them.
     QList<WaveCompositionItem> compositionCandidates() const;
 
 private:
-    Outcome load(int position, const WaveformCapture::Progress& progress);
+    Outcome load(int position, LoadProgress* progress);
 
     SqliteDatabase& m_scratch;
     WaveDisplaySettings m_settings;

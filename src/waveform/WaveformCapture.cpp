@@ -5,17 +5,18 @@
 #include "SamplePlacement.h"
 #include "WavePqLink.h"
 #include "WaveformRecordLoader.h"
+#include "platform/LoadProgress.h"
 #include "platform/StorageError.h"
 #include "platform/UserText.h"
 
 namespace lorvane {
 
 bool WaveformCapture::open(SqliteDatabase& scratch, const QueryNumbers& numbers, qint32 recCounter,
-                           const Progress& progress)
+                           LoadProgress* progress)
 {
     const auto tell = [&](const QString& text) {
         if (progress)
-            progress(text);
+            progress->status(text);
     };
     m_scratch = &scratch;
     m_numbers = numbers;
@@ -47,8 +48,15 @@ bool WaveformCapture::open(SqliteDatabase& scratch, const QueryNumbers& numbers,
         tell(userText("501011", "Reading in the waveform properties"));
         if (m_record.deviceTypeId == 5) {
             auto csv = std::make_shared<CsvCaptureFile>();
-            const int read =
-                csv->load(m_record.csvPath, m_record.sampleRate, m_record.sampleCount, progress);
+            // Splitting the file into lines is most of the work; the samples are the rest.
+            std::optional<ProgressShare> reading;
+            std::optional<ProgressShare> sampling;
+            if (progress) {
+                reading.emplace(*progress, 0.0, 0.8);
+                sampling.emplace(*progress, 0.8, 1.0);
+            }
+            const int read = csv->load(m_record.csvPath, m_record.sampleRate, m_record.sampleCount,
+                                       reading ? &*reading : nullptr);
             if (read == clsCSVParser::emptyOrMissing)
                 return fail(Failure::FileMissing,
                             userText("501001", "File Error: The file ") + m_record.csvPath +
@@ -60,7 +68,8 @@ bool WaveformCapture::open(SqliteDatabase& scratch, const QueryNumbers& numbers,
                                 .arg(m_record.csvPath));
             m_record.timingPT = csv->timingPT();
             m_record.transient = csv->transient();
-            const QString problem = csv->loadSamples(m_record, m_channels, progress);
+            const QString problem =
+                csv->loadSamples(m_record, m_channels, sampling ? &*sampling : nullptr);
             if (!problem.isEmpty())
                 return fail(Failure::FileDamaged,
                             userText("506000", "The capture file %1 of waveform record %2 "

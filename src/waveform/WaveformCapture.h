@@ -7,13 +7,13 @@
 #include "query/QueryCatalog.h"
 
 #include <QString>
-#include <functional>
 #include <memory>
 #include <optional>
 
 namespace lorvane {
 
 class CsvCaptureFile;
+class LoadProgress;
 class SqliteDatabase;
 
 /// One opened capture of a waveform or PQ query: its header, its samples and, for a capture
@@ -32,16 +32,14 @@ public:
         Storage,       ///< a statement on the scratch database failed
     };
 
-    /// Receives the progress texts of an open ("Reading the Waveform data file" ...).
-    using Progress = std::function<void(const QString& text)>;
-
     /// Reads row `recCounter` of `WaveformLog_{Q}_{S}` in `scratch` with its device row,
     /// settings, full scales and input labels, then its samples (from the capture file for
     /// device type 5, from the sample columns otherwise). True on success; on failure the
     /// previous capture is gone, `failure()` tells why and `message()` holds the user's text.
     /// `scratch` must outlive this object (adjacent rows are read from it later). Never throws.
+    /// `progress` gets the step texts and, for a capture file, the share read.
     bool open(SqliteDatabase& scratch, const QueryNumbers& numbers, qint32 recCounter,
-              const Progress& progress = {});
+              LoadProgress* progress = nullptr);
 
     /// The display frequency of the time axes of device type 0 (50 or 60), used by the next
     /// open; the other families keep their axis whatever the system.

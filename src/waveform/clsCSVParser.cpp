@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "clsCSVParser.h"
 
+#include "platform/LoadProgress.h"
+
 #include <QFile>
 #include <QFileInfo>
 
 namespace lorvane {
-
-void clsCSVParser::DialObject(Dial dial)
-{
-    m_dial = std::move(dial);
-    if (m_dial)
-        m_dial(0);
-}
 
 QString clsCSVParser::Get_Token_Value(const QString& token, int startRow, int mode) const
 {
@@ -83,7 +78,7 @@ const clsCSVLine* clsCSVParser::Get_Line(int row) const
     return &m_lines.at(row);
 }
 
-int clsCSVParser::import_File(const QString& path)
+int clsCSVParser::import_File(const QString& path, LoadProgress* progress)
 {
     m_lines.clear();
     const QFileInfo info(path);
@@ -93,8 +88,11 @@ int clsCSVParser::import_File(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         return openFailed;
     const QByteArray text = file.readAll();
-    const qint64 every = qMax<qint64>(1, text.size() / 4000);
-    int dial = 0;
+    // About a hundred reports a file, whatever its length.
+    const qsizetype every = qMax<qsizetype>(1, text.size() / 100);
+    qsizetype reported = 0;
+    if (progress)
+        progress->advance(0, text.size());
     qsizetype start = 0;
     while (start <= text.size() && m_lines.size() < maxLines) {
         qsizetype end = text.indexOf("\r\n", start);
@@ -104,13 +102,13 @@ int clsCSVParser::import_File(const QString& path)
         line.Parse_Line(text.mid(start, end - start));
         m_lines << line;
         start = end + 2;
-        if (m_dial && m_lines.size() % every == 0) {
-            dial = dial + 1 >= 100 ? 0 : dial + 1;
-            m_dial(dial);
+        if (progress && start - reported >= every) {
+            reported = start;
+            progress->advance(qMin(start, text.size()), text.size());
         }
     }
-    if (m_dial)
-        m_dial(100);
+    if (progress)
+        progress->advance(text.size(), text.size());
     return Line_Count() - 1;
 }
 

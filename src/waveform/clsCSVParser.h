@@ -6,13 +6,14 @@
 #include <QString>
 #include <QStringList>
 #include <QVector>
-#include <functional>
 
 namespace lorvane {
 
 /// A comma-separated file held in memory as lines of tokens, with the look-ups the capture
 /// file reader needs: find a label, take the value to its right, read a column downwards.
 /// Line and token numbers are 0-based.
+class LoadProgress;
+
 class clsCSVParser
 {
 public:
@@ -22,11 +23,6 @@ public:
     static constexpr int openFailed = -1;
     static constexpr int emptyOrMissing = -2;
 
-    /// Receives the progress value of a file load, 0 to 100.
-    using Dial = std::function<void(int value)>;
-
-    /// Keeps the progress receiver and tells it 0 at once.
-    void DialObject(Dial dial);
     /// Number of lines held.
     int Line_Count() const { return static_cast<int>(m_lines.size()); }
 
@@ -54,12 +50,12 @@ public:
     const clsCSVLine* Get_Line(int row) const;
     /// Reads the file at `path` whole and splits it on CR LF, at most maxLines lines. Returns
     /// the last line index read, emptyOrMissing for a missing or zero-length file, openFailed
-    /// when it cannot be read. Lines held before are replaced.
-    int import_File(const QString& path);
+    /// when it cannot be read. Lines held before are replaced. The share of the file's bytes
+    /// split so far goes to `progress` when given.
+    int import_File(const QString& path, LoadProgress* progress = nullptr);
 
 private:
     QVector<clsCSVLine> m_lines;
-    Dial m_dial;
 };
 
 } // namespace lorvane

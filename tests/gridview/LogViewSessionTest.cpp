@@ -302,11 +302,12 @@ TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)
     EXPECT_FALSE(session.bound(1).has_value());
     ASSERT_TRUE(session.bind(0, 0));
     const LogViewSession::GraphAction open = session.graph(last);
-    ASSERT_EQ(open.kind, LogViewSession::GraphAction::Kind::Waveform);
-    EXPECT_EQ(open.position, last);
-    EXPECT_EQ(open.series.size(), waves.rows.size());
-    EXPECT_EQ(open.series.at(last), waves.rowKeys.at(last).value("RecCounter").toInt());
-    EXPECT_EQ(open.caption, session.result().rangeText);
+    ASSERT_EQ(open.kind, LogViewSession::GraphAction::Kind::Graph);
+    EXPECT_EQ(open.selection.logKind, int(LogKind::Waveform));
+    EXPECT_EQ(open.selection.position, last);
+    EXPECT_EQ(open.selection.rows, waves.rowKeys);
+    EXPECT_EQ(open.selection.numbers.query, session.result().numbers.query);
+    EXPECT_EQ(open.selection.caption, session.result().rangeText);
     const auto setting = session.rowDetail(0, 0);
     ASSERT_TRUE(setting.has_value());
     EXPECT_EQ(setting->rows.at(1).first(), QStringLiteral("HookUp"));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/WorkGuard.h"
 #include "query/QueryCatalog.h"
 #include "store/TempQueryDatabase.h"
 
@@ -36,6 +37,8 @@ public:
     QString file(const QString& name) const { return m_dir.filePath(name); }
     /// The file `lorvane-cli waveform --meter` takes for this meter.
     const QString& meterFile() const { return m_meterFile; }
+    /// The one busy guard the windows of the test share, as windows of a run share theirs.
+    WorkGuard& work() { return m_work; }
 
 private:
     QTemporaryDir m_dir;
@@ -43,6 +46,7 @@ private:
     QueryNumbers m_numbers;
     QList<qint32> m_series;
     QString m_meterFile;
+    WorkGuard m_work;
 };
 
 } // namespace lorvane::test

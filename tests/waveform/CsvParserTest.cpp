@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The CSV reader on malformed text and the capture file header on files written here.
+#include "support/RecordingProgress.h"
 #include "waveform/CsvCaptureFile.h"
 #include "waveform/clsCSVParser.h"
 
@@ -49,13 +50,16 @@ TEST(CsvParser, LookUpsAndFileLimits)
     int col = 0;
     EXPECT_FALSE(parser.Find_Token(QStringLiteral("x"), row, col));
 
-    QList<int> dial;
-    parser.DialObject([&](int value) { dial << value; });
+    RecordingProgress progress;
     EXPECT_EQ(parser.import_File(
-                  write(dir, "small.csv", "Name,Value\r\nLabel,12,13\r\n\r\n,short\r\nend,9\r\n")),
+                  write(dir, "small.csv", "Name,Value\r\nLabel,12,13\r\n\r\n,short\r\nend,9\r\n"),
+                  &progress),
               5);
-    EXPECT_EQ(dial.first(), 0);
-    EXPECT_EQ(dial.last(), 100);
+    // The share of the file split so far: from none to all, never backwards.
+    ASSERT_GE(progress.fractions.size(), 2);
+    EXPECT_EQ(progress.fractions.first(), 0.0);
+    EXPECT_EQ(progress.fractions.last(), 1.0);
+    EXPECT_TRUE(std::is_sorted(progress.fractions.cbegin(), progress.fractions.cend()));
     EXPECT_EQ(parser.Get_Token_Value(QStringLiteral("Label")), QStringLiteral("12"));
     EXPECT_EQ(parser.Get_Token_Value(QStringLiteral("label")), QString());
     EXPECT_EQ(parser.Get_Token_Value(QStringLiteral("abe"), 0, 1), QStringLiteral("12"));

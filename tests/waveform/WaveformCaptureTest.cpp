@@ -8,11 +8,13 @@
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
 #include "query/WaveformView.h"
+#include "support/RecordingProgress.h"
 #include "waveform/CsvCaptureFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -46,11 +48,11 @@ struct OpenedQuery
             .toInt();
     }
     /// Opens the first row matching `where` into `capture`; its `RecCounter`, 0 when it fails.
-    qint32 open(WaveformCapture& capture, const QString& where)
+    qint32 open(WaveformCapture& capture, const QString& where, LoadProgress* progress = nullptr)
     {
         const qint32 rc = recCounter(where);
         EXPECT_GT(rc, 0) << where.toStdString();
-        const bool opened = rc > 0 && capture.open(db(), numbers, rc);
+        const bool opened = rc > 0 && capture.open(db(), numbers, rc, progress);
         EXPECT_TRUE(opened) << capture.message().toStdString();
         return opened ? rc : 0;
     }
@@ -73,11 +75,10 @@ TEST(WaveformCapture, PureSineMatchesItsRmsColumnsAndIsASine)
     const qint32 rc = query.recCounter(QStringLiteral("[Index]=3 AND [TriggeredBy1]='Periodic'"));
     ASSERT_GT(rc, 0);
     WaveformCapture capture;
-    QStringList steps;
-    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc, [&](const QString& text) {
-        steps << text;
-    })) << capture.message().toStdString();
-    EXPECT_EQ(steps.first(), QStringLiteral("Reading the Waveform data file"));
+    RecordingProgress steps;
+    ASSERT_TRUE(capture.open(query.db(), query.numbers, rc, &steps))
+        << capture.message().toStdString();
+    EXPECT_EQ(steps.texts.first(), QStringLiteral("Reading the Waveform data file"));
     const WaveformRecord& r = capture.record();
     const WaveformChannels& ch = capture.channels();
     EXPECT_EQ(r.sampleRate, 16);
@@ -190,8 +191,15 @@ TEST(WaveformCapture, SplitMeterCaptureFilesAndAMissingFile)
 {
     OpenedQuery query(WaveformSimMeters::split());
     WaveformCapture capture;
-    const qint32 rc = query.open(capture, QStringLiteral("[TriggeredBy1]='Periodic'"));
+    RecordingProgress progress;
+    const qint32 rc = query.open(capture, QStringLiteral("[TriggeredBy1]='Periodic'"), &progress);
     ASSERT_GT(rc, 0);
+    // The file's share and then the channels' share of the open, never backwards, to the end.
+    ASSERT_GT(progress.fractions.size(), 8);
+    EXPECT_TRUE(std::is_sorted(progress.fractions.cbegin(), progress.fractions.cend()));
+    EXPECT_GT(progress.fractions.first(), -1.0) << "a capture file's length is known";
+    EXPECT_DOUBLE_EQ(progress.fractions.last(), 1.0);
+    EXPECT_EQ(progress.texts.filter(QStringLiteral("waveform samples for channel")).size(), 8);
     const WaveformRecord& r = capture.record();
     ASSERT_NE(capture.csvFile(), nullptr);
     EXPECT_FALSE(capture.csvFile()->transient());

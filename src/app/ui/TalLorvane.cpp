@@ -11,13 +11,14 @@
 #include "app/RunContext.h"
 #include "app/StartCommand.h"
 #include "frmProgress.h"
+#include "graph/ui/GraphWindows.h"
 #include "gridview/ui/TalHistView.h"
 #include "platform/RegistryAccess.h"
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
 #include "platform/ui/SingleInstanceChannel.h"
 #include "store/TempQueryDatabase.h"
-#include "waveform/ui/TalWaveGraphPE.h"
+#include "waveform/ui/WaveGraphMaker.h"
 #include "waveform/ui/WaveGraphSetup.h"
 
 #include <QCloseEvent>
@@ -149,6 +150,13 @@ void TalLorvane::createChildren()
 
     m_progress = new frmProgress(this);
     m_progress->hide();
+    // The graph windows make themselves known for their kinds; &Graph of the grid opens them
+    // by kind.
+    WaveGraphMaker::add(m_context, m_progress,
+                        [frame = QPointer<TalLorvane>(this)](const QString& topic) {
+                            if (frame)
+                                frame->showHelp(topic);
+                        });
 
     connect(m_selection, &AllLogsFrm::viewRequested, this,
             [this](const ViewDispatch::Request& request) {
@@ -167,25 +175,16 @@ void TalLorvane::createChildren()
     connect(m_grid, &TalHistView::helpRequested, this, &TalLorvane::showHelp);
     connect(m_grid, &TalHistView::statusTextChanged, this,
             [this](const QString& text) { m_statusPanes[0]->setText(text); });
-    connect(m_grid, &TalHistView::waveformRequested, this, &TalLorvane::openWaveform);
+    connect(m_grid, &TalHistView::graphRequested, this, &TalLorvane::openGraph);
 }
 
-TalWaveGraphPE* TalLorvane::openWaveform(const QueryNumbers& numbers, const QList<qint32>& series,
-                                         int position, const QString& caption)
+QWidget* TalLorvane::openGraph(const GraphSelection& selection)
 {
-    // Loading a capture reads the scratch database and serves events: it is long work.
-    WorkGuard::Scope work = m_context.work.enter();
-    if (!work)
+    // The window's load enters the run's busy guard itself; a window that does not load has
+    // shown its message, and no empty window stays behind.
+    QWidget* window = GraphWindows::open(selection, nullptr);
+    if (!window)
         return nullptr;
-    work.watch(m_progress);
-    auto* window = new TalWaveGraphPE(m_context);
-    window->setProgressWindow(m_progress);
-    connect(window, &TalWaveGraphPE::helpRequested, this, &TalLorvane::showHelp);
-    // A capture that does not load has shown its message; no empty window stays behind.
-    if (!window->open(numbers, series, position, caption)) {
-        delete window;
-        return nullptr;
-    }
     QMdiSubWindow* child = m_mdiArea->addSubWindow(window);
     child->setAttribute(Qt::WA_DeleteOnClose);
     child->setGeometry(m_mdiArea->viewport()->rect());

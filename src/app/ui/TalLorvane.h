@@ -17,7 +17,7 @@ class AllLogsFrm;
 class SingleInstanceChannel;
 class StartCommand;
 class TalHistView;
-class TalWaveGraphPE;
+struct GraphSelection;
 struct QueryNumbers;
 class frmProgress;
 struct RunContext;
@@ -78,10 +78,9 @@ public:
     /// was opened as meter 1.
     bool runCommand(const StartCommand& command);
 
-    /// Opens the capture at `position` of `series` (RecCounters of the grid's waveform rows)
-    /// in a waveform window of its own; null when it does not load (the message was shown).
-    TalWaveGraphPE* openWaveform(const QueryNumbers& numbers, const QList<qint32>& series,
-                                 int position, const QString& caption);
+    /// Opens the graph window of the selection's kind in a child window of its own; null when
+    /// the kind has none or it refused to open (it has shown why).
+    QWidget* openGraph(const GraphSelection& selection);
     /// Opens the user guide at `topic`; without the page it says that there is no help.
     void showHelp(const QString& topic);
     /// Opens "About QLM Lorvane".

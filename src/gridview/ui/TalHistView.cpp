@@ -4,6 +4,7 @@
 #include "GridTableModel.h"
 #include "SortOptionsFrm.h"
 #include "app/RunContext.h"
+#include "graph/ui/GraphWindows.h"
 #include "platform/Fault.h"
 #include "platform/StorageError.h"
 #include "platform/UserMessages.h"
@@ -284,8 +285,7 @@ void TalHistView::refresh()
 
     m_commands[SortCommand]->setEnabled(loadedKind(kind));
     const bool loaded = m_session.loaded();
-    m_commands[GraphCommand]->setEnabled(
-        loaded && LogViewSession::graphWindowExists(LogViewSession::graphTarget(kind)));
+    m_commands[GraphCommand]->setEnabled(loaded && GraphWindows::has(int(kind)));
     m_commands[HelpCommand]->setEnabled(true);
     m_commands[BackCommand]->setEnabled(true);
     m_commands[UpCommand]->setEnabled(m_session.canUp());
@@ -431,8 +431,8 @@ void TalHistView::graph()
     case LogViewSession::GraphAction::Kind::Message:
         userMessages().show(action.message, UserMessages::Icon::Information, windowTitle());
         break;
-    case LogViewSession::GraphAction::Kind::Waveform:
-        emit waveformRequested(action.numbers, action.series, action.position, action.caption);
+    case LogViewSession::GraphAction::Kind::Graph:
+        emit graphRequested(action.selection);
         break;
     case LogViewSession::GraphAction::Kind::Unavailable:
         break;

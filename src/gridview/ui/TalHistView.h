@@ -78,10 +78,8 @@ public:
 signals:
     void backRequested(); // &Back
     void helpRequested(const QString& topic);
-    /// &Graph on a waveform row: the capture to open (query numbers, the RecCounters of the
-    /// grid's rows for P&rev/&Next, the position of the chosen one, the window caption).
-    void waveformRequested(const lorvane::QueryNumbers& numbers, const QList<qint32>& series,
-                           int position, const QString& caption);
+    /// &Graph on a row of a kind with a graph window: the rows to open it on.
+    void graphRequested(const lorvane::GraphSelection& selection);
     /// The status text of the selected row changed ("Record {n}, {count}" or empty).
     void statusTextChanged(const QString& text);
 

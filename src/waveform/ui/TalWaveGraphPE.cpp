@@ -1,38 +1,36 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TalWaveGraphPE.h"
 
-#include "WaveBarChart.h"
 #include "WaveCapturePage.h"
 #include "WaveCompositionPage.h"
 #include "WaveGraphButtons.h"
-#include "WaveGraphDialogs.h"
 #include "WaveGraphMenu.h"
 #include "WaveInterharmonicPage.h"
 #include "app/RunContext.h"
+#include "graph/ui/CloseAfterWork.h"
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
+#include "platform/WorkGuard.h"
 #include "store/TempQueryDatabase.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QMenu>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace lorvane {
 
 TalWaveGraphPE::TalWaveGraphPE(RunContext& context, QWidget* parent)
-    : TalWaveGraphPE(context.scratch->database(), context.paths.settingsFile, parent)
+    : TalWaveGraphPE(context.scratch->database(), context.paths.settingsFile, context.work, parent)
 {
     m_pictureFolder = context.paths.pictureFolder();
 }
 
-TalWaveGraphPE::TalWaveGraphPE(SqliteDatabase& scratch, QString settingsFile, QWidget* parent)
+TalWaveGraphPE::TalWaveGraphPE(SqliteDatabase& scratch, QString settingsFile, WorkGuard& work,
+                               QWidget* parent)
     : QWidget(parent), m_session(scratch, WaveDisplaySettings::read(settingsFile)),
-      m_settingsFile(std::move(settingsFile)),
+      m_settingsFile(std::move(settingsFile)), m_work(work),
       m_dialogs(this, [this](const QString& topic) { emit helpRequested(topic); }),
       m_status(new QLabel), m_progress(m_status)
 {
@@ -93,38 +91,40 @@ void TalWaveGraphPE::connectPages()
 bool TalWaveGraphPE::open(const QueryNumbers& numbers, const QList<qint32>& series, int position,
                           const QString& rangeText)
 {
-    return load([&](const WaveformCapture::Progress& progress) {
+    return load([&](LoadProgress* progress) {
         return m_session.open(numbers, series, position, rangeText, progress);
     });
 }
 
 void TalWaveGraphPE::step(int delta)
 {
-    load(
-        [&](const WaveformCapture::Progress& progress) { return m_session.step(delta, progress); });
+    load([&](LoadProgress* progress) { return m_session.step(delta, progress); });
 }
 
-bool TalWaveGraphPE::load(
-    const std::function<WaveGraphSession::Outcome(const WaveformCapture::Progress&)>& run)
+bool TalWaveGraphPE::load(const std::function<WaveGraphSession::Outcome(LoadProgress*)>& run)
 {
-    setEnabled(false);
-    // The loader cannot stop half-way: its progress window offers no cancel.
-    m_progress.begin(userText("505013", "Opening the waveform capture"), false);
-    const WaveGraphSession::Outcome outcome = run([this](const QString& t) { m_progress.step(t); });
-    if (m_session.isOpen() && outcome.ok) {
-        setWindowTitle(m_session.windowTitle());
-        m_capturePage->rebuild([this](int strip) {
-            m_progress.step(userText("501013", "Seting Up Graph ") + QString::number(strip));
-        });
-        m_progress.step(userText("501014", "Draw the graphs"));
-        m_capturePage->setZoomMode(m_zoomMode);
-        m_pages->setCurrentIndex(0);
-    }
-    m_progress.end();
-    setEnabled(true);
-    tell(outcome);
+    std::optional<WaveGraphSession::Outcome> outcome;
+    // The loader cannot stop half-way: its progress window offers no cancel, and a waiter
+    // (the close of the frame) has its turn once the capture is shown.
+    m_progress.run(m_work, userText("505013", "Opening the waveform capture"), false, [&] {
+        setEnabled(false);
+        outcome = run(&m_progress);
+        if (m_session.isOpen() && outcome->ok) {
+            setWindowTitle(m_session.windowTitle());
+            m_capturePage->rebuild([this](int strip) {
+                m_progress.status(userText("501013", "Seting Up Graph ") + QString::number(strip));
+            });
+            m_progress.status(userText("501014", "Draw the graphs"));
+            m_capturePage->setZoomMode(m_zoomMode);
+            m_pages->setCurrentIndex(0);
+        }
+        setEnabled(true);
+    });
+    if (!outcome)
+        return false;
+    tell(*outcome);
     refresh();
-    return outcome.ok;
+    return outcome->ok;
 }
 
 void TalWaveGraphPE::tell(const WaveGraphSession::Outcome& outcome)
@@ -171,12 +171,11 @@ int TalWaveGraphPE::view() const
 
 void TalWaveGraphPE::clickAt(int channel, double x)
 {
-    if (m_busy || !m_session.isOpen())
+    // A click that arrives while a run serves events waits for its end.
+    if (m_work.busy() || !m_session.isOpen())
         return;
-    m_busy = true;
     m_session.click(channel, x);
     refresh();
-    m_busy = false;
 }
 
 void TalWaveGraphPE::setMark(int number, double x)
@@ -293,19 +292,18 @@ void TalWaveGraphPE::setInterharmonicFrequency(int hz)
 
 bool TalWaveGraphPE::showInterharmonic()
 {
-    if (m_busy || !m_session.isOpen())
+    if (!m_session.isOpen())
         return false;
-    // The steps serve the window's events; the busy flag keeps a click or a close from
-    // entering while they run.
-    m_busy = true;
-    m_progress.begin(userText("505014", "Interharmonic analysis"), true);
-    m_progress.step(userText("505015", "Reading the interharmonic window"));
-    InterharmonicAnalysis::Result result = m_session.runInterharmonic(
-        [this] { m_progress.step(userText("505016", "Reading the following capture")); });
-    m_progress.step(userText("505017", "Drawing the interharmonic graphs"));
-    const bool cancelled = m_progress.end();
-    m_busy = false;
-    if (cancelled || !result.ok) {
+    // The close of the window or the frame cancels the run: it shows nothing then.
+    InterharmonicAnalysis::Result result;
+    if (!m_progress.run(m_work, userText("505014", "Interharmonic analysis"), true, [&] {
+            m_progress.status(userText("505015", "Reading the interharmonic window"));
+            result = m_session.runInterharmonic(
+                [this] { m_progress.status(userText("505016", "Reading the following capture")); });
+            m_progress.status(userText("505017", "Drawing the interharmonic graphs"));
+        }))
+        return false;
+    if (!result.ok) {
         tell({false, result.message, true});
         return false;
     }
@@ -345,8 +343,13 @@ void TalWaveGraphPE::showCompositionSetup()
 
 void TalWaveGraphPE::showComposition()
 {
+    // Each item's capture is opened afresh, with events served: long work like a load.
     QStringList failures;
-    m_compositionPage->show(m_session.compositionCurves(failures), m_session.settings());
+    QList<WaveGraphSession::CompositionCurve> curves;
+    if (!m_progress.run(m_work, userText("505013", "Opening the waveform capture"), false,
+                        [&] { curves = m_session.compositionCurves(failures, &m_progress); }))
+        return;
+    m_compositionPage->show(std::move(curves), m_session.settings());
     for (const QString& failure : std::as_const(failures))
         tell({false, failure, true});
     m_pages->setCurrentIndex(2);
@@ -384,14 +387,11 @@ void TalWaveGraphPE::editGraph()
 
 void TalWaveGraphPE::closeEvent(QCloseEvent* event)
 {
-    if (m_busy) {
-        userMessages().show(
-            userText("503480", "Please wait while Interharmonic computation finishes."),
-            UserMessages::Icon::Warning, windowTitle());
+    // Running work is asked to stop; the window closes once it has.
+    if (CloseAfterWork::defer(m_work, this))
         event->ignore();
-        return;
-    }
-    QWidget::closeEvent(event);
+    else
+        QWidget::closeEvent(event);
 }
 
 } // namespace lorvane

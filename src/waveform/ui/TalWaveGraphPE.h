@@ -19,6 +19,7 @@ class QStackedWidget;
 namespace lorvane {
 
 class SqliteDatabase;
+class WorkGuard;
 class WaveBarChart;
 class WaveCapturePage;
 class WaveGraphButtons;
@@ -87,12 +88,15 @@ public:
     static constexpr int inputsGraph = 7;
 
     explicit TalWaveGraphPE(RunContext& context, QWidget* parent = nullptr);
-    /// A window on `scratch` (which must outlive it) and the settings file `settingsFile`.
-    TalWaveGraphPE(SqliteDatabase& scratch, QString settingsFile, QWidget* parent = nullptr);
+    /// A window on `scratch` (which must outlive it) and the settings file `settingsFile`,
+    /// whose long work enters `work` (which must outlive it too).
+    TalWaveGraphPE(SqliteDatabase& scratch, QString settingsFile, WorkGuard& work,
+                   QWidget* parent = nullptr);
     ~TalWaveGraphPE() override;
 
     /// Opens capture `series[position]` of query `numbers`; `rangeText` is the query's range
-    /// for the caption. False, with the message shown, when it fails to load.
+    /// for the caption. False, with the message shown, when it fails to load; false and
+    /// nothing shown while other work runs.
     bool open(const QueryNumbers& numbers, const QList<qint32>& series, int position,
               const QString& rangeText);
     /// P&rev (-1) and &Next (+1).
@@ -142,7 +146,6 @@ public:
     WaveGraphButtons* buttons() const { return m_buttons; }
     WaveCapturePage* capturePage() const { return m_capturePage; }
     State state() const;
-    bool busy() const { return m_busy; }
     WaveInterharmonicPage* interharmonicPage() const { return m_ihPage; }
     WaveCompositionPage* compositionPage() const { return m_compositionPage; }
     /// 0 the capture, 1 the interharmonic view, 2 the composition.
@@ -158,8 +161,7 @@ private:
     void build();
     void connectPages();
     /// Runs an open or a step with the progress shown, then shows the capture.
-    bool
-    load(const std::function<WaveGraphSession::Outcome(const WaveformCapture::Progress&)>& run);
+    bool load(const std::function<WaveGraphSession::Outcome(LoadProgress*)>& run);
     void refresh();
     void setToggle(void (WaveGraphSession::*toggle)(bool), bool on);
     void refreshState();
@@ -169,7 +171,7 @@ private:
     WaveGraphSession m_session;
     QString m_settingsFile;
     QString m_pictureFolder;
-    bool m_busy = false;
+    WorkGuard& m_work;
     bool m_placingNote = false;
     WaveStripChart::ZoomMode m_zoomMode = WaveStripChart::ZoomMode::Horizontal;
 

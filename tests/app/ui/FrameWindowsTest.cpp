@@ -426,6 +426,13 @@ TEST(FrameWindows, AWaveformRowOpensItsCaptureInAWindowOfItsOwn)
     EXPECT_EQ(int(frame->mdiArea()->subWindowList().size()), before);
 
     grid->grid(0)->setCurrentIndex(rows->index(rows->rowCount() - 1, 0));
+    {
+        // While other work runs the window's load is refused and no empty window stays.
+        lorvane::WorkGuard::Scope other = run.context().work.enter();
+        ASSERT_TRUE(other);
+        EXPECT_EQ(frame->openGraph(grid->session().graph(0).selection), nullptr);
+        EXPECT_EQ(int(frame->mdiArea()->subWindowList().size()), before);
+    }
     grid->command(lorvane::TalHistView::GraphCommand)->click();
     ASSERT_EQ(int(frame->mdiArea()->subWindowList().size()), before + 1);
     QMdiSubWindow* child = frame->mdiArea()->activeSubWindow();

@@ -4,6 +4,7 @@
 #include "gridview/ui/TalHistView.h"
 
 #include "app/RunContext.h"
+#include "graph/ui/GraphWindows.h"
 #include "gridview/ui/GridTableModel.h"
 #include "gridview/ui/SortOptionsFrm.h"
 #include "platform/SqliteDatabase.h"
@@ -40,6 +41,10 @@ struct Window
 
     explicit Window(int tempLogRecSize = 4500)
     {
+        // A stand-in for the waveform window, which the frame makes known: &Graph is enabled
+        // for the kinds that have a window.
+        GraphWindows::add(int(LogKind::Waveform),
+                          [](const GraphSelection&, QWidget*) { return nullptr; });
         context.scratch = scratchDatabase(dir, 5151);
         const QString dictionary = QStringLiteral(LORVANE_BIN_DIR "/QLMNameList.DB");
         if (QFileInfo(dictionary).isFile())
@@ -54,6 +59,9 @@ struct Window
         view = std::make_unique<TalHistView>(context);
         view->resize(1100, 560);
     }
+    ~Window() { GraphWindows::remove(int(LogKind::Waveform)); }
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
 
     ViewDispatch::Request press(int button) const
     {
@@ -96,8 +104,8 @@ TEST(TalHistView, EveryKindShowsItsGridsThroughTheModel)
     Window w;
     w.view->show();
     using Target = LogViewSession::GraphTarget;
-    // Which window each kind hands its rows to with &Graph; the button is enabled once that
-    // window exists. A graph window that lands adds its target to `graphWindowExists`.
+    // Which window each kind hands its rows to with &Graph; the button is enabled once a
+    // window has made itself known for the kind (here a stand-in for the waveform window).
     struct Press
     {
         int button;
@@ -128,7 +136,7 @@ TEST(TalHistView, EveryKindShowsItsGridsThroughTheModel)
         }
         EXPECT_EQ(LogViewSession::graphTarget(p.kind), p.graph);
         EXPECT_EQ(w.view->command(TalHistView::GraphCommand)->isEnabled(),
-                  LogViewSession::graphWindowExists(p.graph));
+                  p.kind == LogKind::Waveform);
         if (p.screenshot) {
             EXPECT_TRUE(saveScreenshot(w.view.get(), QString::fromLatin1(p.screenshot)));
         }
@@ -204,15 +212,18 @@ TEST(TalHistView, WaveformGraphAndClipboardCopy)
     Window w;
     w.view->showRequest(w.press(4), w.buffer);
     ASSERT_GT(w.rows(0), 1);
-    QSignalSpy waves(w.view.get(), &TalHistView::waveformRequested);
+    QList<GraphSelection> requested;
+    QObject::connect(w.view.get(), &TalHistView::graphRequested,
+                     [&](const GraphSelection& s) { requested << s; });
     QTableView* grid = w.view->grid(0);
     grid->setCurrentIndex(grid->model()->index(1, 0));
     QTest::mouseClick(w.view->command(TalHistView::GraphCommand), Qt::LeftButton);
-    ASSERT_EQ(waves.count(), 1);
-    EXPECT_EQ(waves.first().at(2).toInt(), 1);
-    EXPECT_EQ(waves.first().at(1).value<QList<qint32>>().size(), w.rows(0));
+    ASSERT_EQ(requested.size(), 1);
+    EXPECT_EQ(requested.first().logKind, int(LogKind::Waveform));
+    EXPECT_EQ(requested.first().position, 1);
+    EXPECT_EQ(requested.first().rows.size(), w.rows(0));
     // The range text, from which the window makes its caption.
-    EXPECT_FALSE(waves.first().at(3).toString().isEmpty());
+    EXPECT_FALSE(requested.first().caption.isEmpty());
 
     grid->clearSelection();
     const QAbstractItemModel* model = grid->model();

@@ -5,6 +5,7 @@
 
 #include "app/ui/frmProgress.h"
 #include "platform/UserMessages.h"
+#include "platform/WorkGuard.h"
 #include "support/WaveWindowFixture.h"
 #include "support/ui/Screenshot.h"
 #include "waveform/ui/WaveBarChart.h"
@@ -51,7 +52,7 @@ TEST(TalWaveGraphPE, OpensACaptureWithStripsLabelsAndCycleStatistics)
     const int pureSine = fixture.periodic(128);
     ASSERT_GE(pureSine, 0);
 
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), pureSine, "Waveforms #1"))
         << messages.texts().join(u'\n').toStdString();
     window.show();
@@ -103,7 +104,7 @@ TEST(TalWaveGraphPE, MarksZoomAndNavigation)
     WaveWindowFixture fixture;
     RecordedMessages messages;
     ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "first"));
 
     // Mark 2 left of Mark 1: the duration stays positive.
@@ -155,7 +156,7 @@ TEST(TalWaveGraphPE, MarksZoomAndNavigation)
 
     // A row the query does not hold: the loader's message, no capture.
     messages.clear();
-    TalWaveGraphPE missing(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE missing(fixture.scratch(), fixture.settingsFile(), fixture.work());
     EXPECT_FALSE(missing.open(fixture.numbers(), {999999}, 0, "missing"));
     ASSERT_EQ(messages.texts().size(), 1);
     EXPECT_FALSE(messages.texts().first().isEmpty());
@@ -169,7 +170,7 @@ TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
     ScopedUserMessages scope(messages);
     const int tone = fixture.periodic(64);
     ASSERT_GE(tone, 0);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), tone, "tone"));
     window.show();
     // Ia: the voltages of this delta capture are line to line, where the tone of each phase
@@ -275,7 +276,7 @@ TEST(TalWaveGraphPE, DetailViewCarriesTheSecondButtonSet)
     WaveWindowFixture fixture;
     RecordedMessages messages;
     ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     window.show();
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
@@ -328,13 +329,13 @@ TEST(TalWaveGraphPE, DetailViewCarriesTheSecondButtonSet)
     EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join(u'\n').toStdString();
 }
 
-TEST(TalWaveGraphPE, ProgressWindowAndTheRefusedCloseWhileBusy)
+TEST(TalWaveGraphPE, ProgressWindowAndTheOneBusyGuard)
 {
     WaveWindowFixture fixture;
     RecordedMessages messages;
     ScopedUserMessages scope(messages);
     frmProgress progress;
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     window.setProgressWindow(&progress);
     const int tone = fixture.periodic(64);
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), tone, "tone"));
@@ -348,19 +349,42 @@ TEST(TalWaveGraphPE, ProgressWindowAndTheRefusedCloseWhileBusy)
     EXPECT_FALSE(progress.isVisible()) << "the progress window goes when the capture is shown";
     window.show();
 
-    // A close that arrives while the computation serves the window's events is refused.
-    bool closed = true;
-    QTimer::singleShot(0, &window, [&] { closed = window.close(); });
-    window.clickAt(3, 1.0);
+    // Other work of the run (a load of the log grid) holds the guard: the window starts
+    // nothing of its own, and a click waits.
+    {
+        WorkGuard::Scope other = fixture.work().enter();
+        ASSERT_TRUE(other);
+        EXPECT_FALSE(window.showInterharmonic());
+        window.step(1);
+        EXPECT_EQ(window.session().position(), tone);
+        window.clickAt(3, 1.0);
+        EXPECT_FALSE(window.session().hasStatistics());
+    }
+    EXPECT_FALSE(fixture.work().busy());
+
+    // The run holds the guard while it serves events: a second run is refused there.
+    bool nested = true;
+    QTimer::singleShot(0, &window, [&] {
+        nested = window.showInterharmonic();
+        EXPECT_TRUE(fixture.work().busy());
+    });
     ASSERT_TRUE(window.showInterharmonic()) << messages.texts().join(u'\n').toStdString();
-    EXPECT_FALSE(closed);
-    EXPECT_TRUE(messages.texts().contains(
-        QStringLiteral("Please wait while Interharmonic computation finishes.")));
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_FALSE(window.busy());
+    EXPECT_FALSE(nested);
+    EXPECT_FALSE(fixture.work().busy());
     EXPECT_TRUE(progress.messages().join(u'\n').contains(
         QStringLiteral("Drawing the interharmonic graphs")));
-    EXPECT_TRUE(window.close()) << "closing works again once the computation is over";
+    window.showCapture();
+
+    // A close that arrives while the run serves events cancels the run and closes the window
+    // once it has ended, as the close of the frame does with any other work.
+    bool closed = true;
+    QTimer::singleShot(0, &window, [&] { closed = window.close(); });
+    EXPECT_FALSE(window.showInterharmonic()) << "the cancelled run shows no result";
+    EXPECT_FALSE(closed);
+    EXPECT_EQ(window.view(), 0);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(fixture.work().busy());
+    EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join(u'\n').toStdString();
 }
 
 TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
@@ -368,7 +392,7 @@ TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
     WaveWindowFixture fixture;
     RecordedMessages messages;
     ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     window.show();
 
@@ -431,7 +455,7 @@ TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
 TEST(TalWaveGraphPE, YExtentsMoveAboutTheCentreWhenLocked)
 {
     WaveWindowFixture fixture;
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "first"));
     WaveStripChart* chart = window.capturePage()->strip(0);
     frmSetYExtents extents(chart);
@@ -462,7 +486,7 @@ TEST(TalWaveGraphPE, Fault1TheCursorStandsWhereTheClickWasAt512SamplesACycle)
     WaveWindowFixture fixture;
     RecordedMessages messages;
     ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(512), "range"));
     window.show();
     window.setMark(1, 20.0);
@@ -487,7 +511,7 @@ TEST(TalWaveGraphPE, Fault7BackFromTheInterharmonicViewKeepsTheCaptureAsItWasLef
     WaveWindowFixture fixture;
     RecordedMessages messages;
     ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(64), "tone"));
     window.show();
     window.setMark(1, 5.0);

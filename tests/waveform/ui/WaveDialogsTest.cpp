@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dialogs of the waveform window: display settings, properties and the composition set-up.
 #include "platform/UserMessages.h"
+#include "support/RecordingProgress.h"
 #include "support/TestEnvironment.h"
 #include "support/WaveWindowFixture.h"
 #include "support/ui/Screenshot.h"
@@ -21,6 +22,7 @@
 #include <QFile>
 #include <QPushButton>
 #include <QTableWidget>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace lorvane;
@@ -67,7 +69,7 @@ TEST(WaveGraphSetup, OkWritesEveryKeyAndCancelNone)
     EXPECT_TRUE(text.contains("Item14PointType=0"));
 
     // The window follows the written mode: one overlay graph of the selected items.
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "overlay"));
     EXPECT_EQ(window.graphNames(), QStringList{"Overlay graph"});
 }
@@ -75,7 +77,7 @@ TEST(WaveGraphSetup, OkWritesEveryKeyAndCancelNone)
 TEST(WavePropertyFrm, RowsOfTheOpenCaptureAndCopy)
 {
     WaveWindowFixture fixture;
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     const lorvane::WaveformRecord& record = window.capture().record();
     // The 128-per-cycle capture is wired as a wye: its drawing stands beside the Hookup row.
@@ -110,7 +112,7 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     WaveWindowFixture fixture;
     RecordedMessages messages;
     ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile());
+    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     const int sine = fixture.periodic(128);
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), sine, "sine"));
     window.show();
@@ -149,6 +151,14 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     EXPECT_DOUBLE_EQ(chart->xMin(), 0);
     EXPECT_GT(chart->xMax(), 20.0);
     lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-composition"));
+    // Each capture of the list is its share of the composition's progress.
+    RecordingProgress progress;
+    QStringList failures;
+    EXPECT_EQ(window.session().compositionCurves(failures, &progress).size(), 2);
+    EXPECT_TRUE(failures.isEmpty());
+    EXPECT_TRUE(progress.fractions.contains(0.5));
+    EXPECT_TRUE(std::is_sorted(progress.fractions.cbegin(), progress.fractions.cend()));
+    EXPECT_DOUBLE_EQ(progress.fractions.last(), 1.0);
 
     // The advanced view carries Command2; &Back returns to the capture.
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Advanced);
