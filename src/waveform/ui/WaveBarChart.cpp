@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WaveBarChart.h"
 
+#include "graph/ui/RoundValueTicks.h"
+
 #include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
@@ -75,7 +77,7 @@ void WaveBarChart::show(const GraphSeries& series, const QColor& color)
     chart()->setMargins(QMargins(4, 4, 4, labelsShown ? 4 : 4 + titleHeight));
     auto* y = new QValueAxis;
     y->setTitleText(series.yTitle);
-    y->setLabelFormat(QStringLiteral("%.1f"));
+    RoundValueTicks::follow(y, 10);
     chart()->addAxis(x, Qt::AlignBottom);
     chart()->addAxis(y, Qt::AlignLeft);
     bars->attachAxis(x);

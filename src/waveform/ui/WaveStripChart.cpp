@@ -2,6 +2,7 @@
 #include "WaveStripChart.h"
 
 #include "graph/SeriesDecimation.h"
+#include "graph/ui/RoundValueTicks.h"
 
 #include <QCursor>
 #include <QFont>
@@ -30,17 +31,15 @@ WaveStripChart::WaveStripChart(QWidget* parent) : QChartView(parent)
     chart->setMargins(QMargins(4, 4, 4, 4));
     m_x = new QValueAxis;
     m_y = new QValueAxis;
-    m_x->setLabelFormat(QStringLiteral("%.1f"));
-    m_y->setLabelFormat(QStringLiteral("%.1f"));
     // Many strips share the window's height: small fonts keep the axis labels readable.
     QFont small = m_x->labelsFont();
     small.setPointSizeF(7.5);
     for (QValueAxis* axis : {m_x, m_y}) {
         axis->setLabelsFont(small);
         axis->setTitleFont(small);
-        axis->setTickCount(7);
     }
-    m_y->setTickCount(5);
+    RoundValueTicks::follow(m_x, 8);
+    RoundValueTicks::follow(m_y, 6);
     chart->setTitleFont(small);
     chart->legend()->setFont(small);
     chart->addAxis(m_x, Qt::AlignBottom);
