@@ -7,8 +7,8 @@
 #include "BenchClock.h"
 #include "gridview/ui/GridTableModel.h"
 #include "platform/LoadProgress.h"
-#include "query/QueryContext.h"
-#include "query/SnapshotView.h"
+#include "query/engine/QueryContext.h"
+#include "query/views/snapshot/SnapshotView.h"
 #include "store/TempQueryDatabase.h"
 #include "store/WallClock.h"
 

@@ -2,8 +2,8 @@
 // Opening a meter database and taking its inventory (device record, log inventory, log tree)
 // against the same statements run through the raw SQLite interface on the same file.
 #include "BenchClock.h"
-#include "query/LogTree.h"
-#include "query/MeterInventory.h"
+#include "query/selection/LogTree.h"
+#include "query/selection/MeterInventory.h"
 #include "store/MeterDatabase.h"
 
 #include <QFileInfo>

@@ -4,9 +4,9 @@
 // against the raw SQLite join over the same day and hour tables of the same files.
 #include "BenchClock.h"
 #include "platform/LoadProgress.h"
-#include "query/MeterInventory.h"
-#include "query/QueryContext.h"
-#include "query/SnapshotView.h"
+#include "query/engine/QueryContext.h"
+#include "query/selection/MeterInventory.h"
+#include "query/views/snapshot/SnapshotView.h"
 #include "store/MeterDatabase.h"
 #include "store/TempQueryDatabase.h"
 #include "store/WallClock.h"

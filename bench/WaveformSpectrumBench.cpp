@@ -59,8 +59,7 @@ int main()
         const WaveformStatistics statistics(record, capture, method);
         QString last;
         for (int k = 0; k < 20; ++k)
-            last = statistics
-                       .computeChannelStatistics(WaveformChannels::Ia, (100 + 150 * k) * step, step)
+            last = statistics.computeChannelStatistics(WaveformChannels::Ia, (100 + 150 * k) * step)
                        .thdText;
         return last;
     };

@@ -5,7 +5,7 @@
 #include "OutsideComponent.h"
 #include "StartupPaths.h"
 #include "platform/WorkGuard.h"
-#include "query/DefaultSelection.h"
+#include "query/selection/DefaultSelection.h"
 #include "store/DeviceDataLookUp.h"
 #include "store/DeviceScaledFormats.h"
 #include "store/DeviceTypeTable.h"

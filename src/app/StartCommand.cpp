@@ -2,9 +2,9 @@
 #include "StartCommand.h"
 
 #include "OpenLogRequest.h"
-#include "query/DataPointSelection.h"
-#include "query/TimeSelection.h"
-#include "query/TopQueryBuffer.h"
+#include "query/selection/DataPointSelection.h"
+#include "query/selection/TimeSelection.h"
+#include "query/selection/TopQueryBuffer.h"
 
 namespace lorvane {
 

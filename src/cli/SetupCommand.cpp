@@ -6,7 +6,7 @@
 #include "GridPrinter.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/StorageError.h"
-#include "query/SetupRecordViews.h"
+#include "query/views/setup/SetupRecordViews.h"
 
 #include <QFileInfo>
 

@@ -4,7 +4,7 @@
 #include "CliOutput.h"
 #include "ExitCode.h"
 #include "GridPrinter.h"
-#include "query/DatabaseStatusView.h"
+#include "query/views/status/DatabaseStatusView.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "query/QueryCatalog.h"
+#include "query/engine/QueryCatalog.h"
 
 #include <QList>
 #include <QString>

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "graph/GraphSelection.h"
-#include "query/QueryContext.h"
-#include "query/SortState.h"
-#include "query/ViewDispatch.h"
-#include "query/ViewResult.h"
+#include "query/engine/QueryContext.h"
+#include "query/engine/SortState.h"
+#include "query/engine/ViewResult.h"
+#include "query/selection/ViewDispatch.h"
 #include "store/LogKind.h"
 
 #include <QList>

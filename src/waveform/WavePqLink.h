@@ -2,7 +2,7 @@
 #pragma once
 
 #include "WavePqEvent.h"
-#include "query/QueryCatalog.h"
+#include "query/engine/QueryCatalog.h"
 
 #include <optional>
 

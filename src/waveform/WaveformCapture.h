@@ -4,7 +4,7 @@
 #include "WavePqEvent.h"
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
-#include "query/QueryCatalog.h"
+#include "query/engine/QueryCatalog.h"
 
 #include <QString>
 #include <memory>

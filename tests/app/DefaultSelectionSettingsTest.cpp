@@ -3,7 +3,7 @@
 #include "TemporaryInstallation.h"
 #include "app/StartupSequence.h"
 #include "platform/ProfileFile.h"
-#include "query/DefaultSelection.h"
+#include "query/selection/DefaultSelection.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

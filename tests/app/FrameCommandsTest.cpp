@@ -7,9 +7,9 @@
 #include "app/ProgressTimeStamp.h"
 #include "app/RunContext.h"
 #include "app/StartCommand.h"
-#include "query/DataPointSelection.h"
-#include "query/TimeSelection.h"
-#include "query/TopQueryBuffer.h"
+#include "query/selection/DataPointSelection.h"
+#include "query/selection/TimeSelection.h"
+#include "query/selection/TopQueryBuffer.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,8 +4,8 @@
 #include "gridview/LogViewSession.h"
 
 #include "query/InputSimFixture.h"
-#include "query/SortOptions.h"
-#include "query/TopQueryBuffer.h"
+#include "query/engine/SortOptions.h"
+#include "query/selection/TopQueryBuffer.h"
 #include "store/LogKind.h"
 
 #include <QFile>

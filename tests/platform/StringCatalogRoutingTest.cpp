@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "query/LogTree.h"
+#include "query/selection/LogTree.h"
 #include "store/MeterMessages.h"
 #include "store/SchemaCatalog.h"
 #include "support/ScopedStringCatalog.h"

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Opening meters into the meter table: the ladder's version rules, the scratch comparison, the
 // Device Master Log redirection, refusals that keep the earlier entry, and the combo boxes.
-#include "query/AddFileToSystem.h"
+#include "query/selection/AddFileToSystem.h"
 
 #include "SelectionSimMeters.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/SqliteDatabase.h"
-#include "query/DataPointSelection.h"
-#include "query/DefaultSelection.h"
-#include "query/MeterTable.h"
-#include "query/TopQueryBuffer.h"
+#include "query/selection/DataPointSelection.h"
+#include "query/selection/DefaultSelection.h"
+#include "query/selection/MeterTable.h"
+#include "query/selection/TopQueryBuffer.h"
 #include "store/MeterDatabase.h"
 #include "store/MeterMessages.h"
 #include "support/MeterFileBuilder.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "query/DayWalk.h"
+#include "query/engine/DayWalk.h"
 
 #include "platform/LoadProgress.h"
 #include "platform/SqlIdentifier.h"
-#include "query/QueryCatalog.h"
+#include "query/engine/QueryCatalog.h"
 #include "store/MeterSchema.h"
 #include "store/TempQueryDatabase.h"
 #include "support/MeterFileBuilder.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The logs beside a Device Master Log and the path of the chosen one.
-#include "query/DeviceMasterLog.h"
+#include "query/selection/DeviceMasterLog.h"
 
 #include "SelectionSimMeters.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "query/FlickerView.h"
+#include "query/views/flicker/FlickerView.h"
 
 #include "InputSimFixture.h"
 #include "MomentSnapshotCheck.h"

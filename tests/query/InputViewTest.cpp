@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The input view on simulated meters: the records the simulator wrote, joined with their
 // settings, found by either stamp, in every sort order.
-#include "query/InputView.h"
+#include "query/views/input/InputView.h"
 
 #include "InputSimFixture.h"
 #include "MomentSnapshotCheck.h"
 #include "platform/Fault.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
-#include "query/FlickerView.h"
-#include "query/LimitView.h"
-#include "query/PqView.h"
-#include "query/RelayView.h"
-#include "query/SetupRecordViews.h"
-#include "query/SnapshotView.h"
+#include "query/views/flicker/FlickerView.h"
+#include "query/views/limit/LimitView.h"
+#include "query/views/pq/PqView.h"
+#include "query/views/relay/RelayView.h"
+#include "query/views/setup/SetupRecordViews.h"
+#include "query/views/snapshot/SnapshotView.h"
 #include "store/SchemaCatalog.h"
 
 #include <QFile>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The limit view on simulated meters: rows and texts against the meter file's own rows, the
 // start-in-range rule, two meters, sort orders and an empty range.
-#include "query/LimitView.h"
+#include "query/views/limit/LimitView.h"
 
 #include "MomentSnapshotCheck.h"
 #include "WaveformSimMeters.h"
 #include "platform/SqliteDatabase.h"
-#include "query/LimitGrid.h"
-#include "query/QueryContext.h"
+#include "query/engine/QueryContext.h"
+#include "query/views/limit/LimitGrid.h"
 
 #include <gtest/gtest.h>
 #include <tuple>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "query/MeterInventory.h"
+#include "query/selection/MeterInventory.h"
 
 #include "platform/Fault.h"
-#include "query/LogTree.h"
+#include "query/selection/LogTree.h"
 #include "store/MeterDatabase.h"
 #include "support/MeterFileBuilder.h"
 

@@ -3,7 +3,7 @@
 // The check the limit, input, relay and flicker view tests share: the snapshot grid they show
 // beside their own log, against the snapshot rows of the meter file read with plain SQL.
 #include "platform/SqliteDatabase.h"
-#include "query/GridTable.h"
+#include "query/engine/GridTable.h"
 
 #include <QStringList>
 #include <gtest/gtest.h>

@@ -2,14 +2,14 @@
 // The PQ view on simulated meters: records against the meter file, the link to captures (the
 // simulator's orphan sag on Vcn has none), "list waveforms" and the setting of a row, on one
 // file and on the split meter's separate PQ_LOG, WAVEFORM and TRANSIENT files.
-#include "query/PqView.h"
+#include "query/views/pq/PqView.h"
 
 #include "WaveformSimMeters.h"
 #include "platform/LoadProgress.h"
 #include "platform/SqliteDatabase.h"
-#include "query/PqGrid.h"
-#include "query/QueryContext.h"
-#include "query/SetupRecordViews.h"
+#include "query/engine/QueryContext.h"
+#include "query/views/pq/PqGrid.h"
+#include "query/views/setup/SetupRecordViews.h"
 
 #include <gtest/gtest.h>
 

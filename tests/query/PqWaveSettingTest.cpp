@@ -4,9 +4,9 @@
 // pictures the rows name are delivered.
 #include "WaveformSimMeters.h"
 #include "platform/SqliteDatabase.h"
-#include "query/QueryContext.h"
-#include "query/SetupRecordViews.h"
-#include "query/WaveformView.h"
+#include "query/engine/QueryContext.h"
+#include "query/views/setup/SetupRecordViews.h"
+#include "query/views/waveform/WaveformView.h"
 
 #include <QFile>
 #include <QLocale>

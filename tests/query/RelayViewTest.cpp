@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The relay view on simulated meters: trips with their settings, the orphan record of a module
 // without settings dropped by the join, two meters told apart by their device index.
-#include "query/RelayView.h"
+#include "query/views/relay/RelayView.h"
 
 #include "InputSimFixture.h"
 #include "MomentSnapshotCheck.h"
 #include "platform/SqlIdentifier.h"
-#include "query/SetupRecordViews.h"
+#include "query/views/setup/SetupRecordViews.h"
 
 using namespace lorvane;
 using namespace lorvane::test;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The selection without a window: the tree of devices and logs a window shows, and the newest
 // meter file of the retrieved-logs folder.
-#include "query/SelectionSession.h"
+#include "query/selection/SelectionSession.h"
 
 #include "SelectionSimMeters.h"
-#include "query/ViewButtons.h"
+#include "query/selection/ViewButtons.h"
 #include "store/DeviceTypeTable.h"
 
 #include <QDir>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "query/SnapshotView.h"
+#include "query/views/snapshot/SnapshotView.h"
 
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
-#include "query/QueryContext.h"
-#include "query/ValueFormat.h"
-#include "query/ViewRegistry.h"
+#include "query/engine/QueryContext.h"
+#include "query/engine/ValueFormat.h"
+#include "query/engine/ViewRegistry.h"
 #include "store/MeterSchema.h"
 #include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "query/SortOptions.h"
+#include "query/engine/SortOptions.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "query/SystemEventView.h"
+#include "query/views/systemevent/SystemEventView.h"
 
 #include "InputSimFixture.h"
 

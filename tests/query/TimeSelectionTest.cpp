@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The time range rule: accepted intervals, Between's swap, the dates of each option at a
 // given moment, the labels and the data's own limits.
-#include "query/TimeSelection.h"
+#include "query/selection/TimeSelection.h"
 
-#include "query/TopQueryBuffer.h"
+#include "query/selection/TopQueryBuffer.h"
 #include "store/WallClock.h"
 
 #include <gtest/gtest.h>

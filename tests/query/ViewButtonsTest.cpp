@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The view button rule by device type, the split-log meter's files and the union of meters.
-#include "query/ViewButtons.h"
+#include "query/selection/ViewButtons.h"
 
 #include "SelectionSimMeters.h"
-#include "query/MeterTable.h"
-#include "query/SplitLogMeter.h"
+#include "query/selection/MeterTable.h"
+#include "query/selection/SplitLogMeter.h"
 
 #include <QDir>
 #include <QFile>

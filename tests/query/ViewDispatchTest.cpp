@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A view button press: the selection check's messages, the range handed to the grid, fresh or
 // buffered loads, and a meter removed between selection and query; the data point capacity.
-#include "query/ViewDispatch.h"
+#include "query/selection/ViewDispatch.h"
 
 #include "SelectionSimMeters.h"
-#include "query/AddFileToSystem.h"
-#include "query/DataPointSelection.h"
-#include "query/MeterTable.h"
-#include "query/SelectionCheck.h"
-#include "query/SplitLogMeter.h"
-#include "query/TimeSelection.h"
-#include "query/TopQueryBuffer.h"
+#include "query/selection/AddFileToSystem.h"
+#include "query/selection/DataPointSelection.h"
+#include "query/selection/MeterTable.h"
+#include "query/selection/SelectionCheck.h"
+#include "query/selection/SplitLogMeter.h"
+#include "query/selection/TimeSelection.h"
+#include "query/selection/TopQueryBuffer.h"
 #include "store/WallClock.h"
 #include "support/MeterFileBuilder.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WaveformSimMeters.h"
 
-#include "query/SplitLogMeter.h"
+#include "query/selection/SplitLogMeter.h"
 #include "store/StampedTime.h"
 #include "support/TestMeters.h"
 

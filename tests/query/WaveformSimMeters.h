@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "query/LogFileEntry.h"
-#include "query/QueryContext.h"
+#include "query/engine/LogFileEntry.h"
+#include "query/engine/QueryContext.h"
 #include "store/TempQueryDatabase.h"
 
 #include <QTemporaryDir>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The waveform view on simulated meters: rows against the capture files, the type filter on
 // the split meter's WAVEFORM and TRANSIENT files, the hand-over keys, and full scales.
-#include "query/WaveformView.h"
+#include "query/views/waveform/WaveformView.h"
 
 #include "WaveformSimMeters.h"
 #include "platform/SqliteDatabase.h"
-#include "query/QueryContext.h"
-#include "query/WaveformGrid.h"
+#include "query/engine/QueryContext.h"
+#include "query/views/waveform/WaveformGrid.h"
 
 #include <gtest/gtest.h>
 

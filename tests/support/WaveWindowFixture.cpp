@@ -3,9 +3,9 @@
 
 #include "platform/SqlStatement.h"
 #include "platform/SqliteDatabase.h"
-#include "query/QueryContext.h"
-#include "query/SplitLogMeter.h"
-#include "query/WaveformView.h"
+#include "query/engine/QueryContext.h"
+#include "query/selection/SplitLogMeter.h"
+#include "query/views/waveform/WaveformView.h"
 #include "support/TestMeters.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/WorkGuard.h"
-#include "query/QueryCatalog.h"
+#include "query/engine/QueryCatalog.h"
 #include "store/TempQueryDatabase.h"
 
 #include <QList>

@@ -7,7 +7,7 @@
 #include "../query/WaveformSimMeters.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
-#include "query/WaveformView.h"
+#include "query/views/waveform/WaveformView.h"
 #include "support/RecordingProgress.h"
 #include "waveform/CsvCaptureFile.h"
 

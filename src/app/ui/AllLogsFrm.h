@@ -3,7 +3,7 @@
 
 #include "platform/LoadProgress.h"
 #include "platform/UserMessages.h"
-#include "query/SelectionSession.h"
+#include "query/selection/SelectionSession.h"
 
 #include <QWidget>
 #include <array>

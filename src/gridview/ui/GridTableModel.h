@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "query/GridTable.h"
+#include "query/engine/GridTable.h"
 
 #include <QAbstractTableModel>
 #include <QHash>

@@ -2,7 +2,7 @@
 #include "SortOptionsFrm.h"
 
 #include "platform/UserText.h"
-#include "query/SortOptions.h"
+#include "query/engine/SortOptions.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

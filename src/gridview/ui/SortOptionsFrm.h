@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "query/SortState.h"
+#include "query/engine/SortState.h"
 
 #include <QDialog>
 #include <QStringList>

@@ -9,8 +9,8 @@
 #include "platform/StorageError.h"
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
-#include "query/SortOptions.h"
-#include "query/TopQueryBuffer.h"
+#include "query/engine/SortOptions.h"
+#include "query/selection/TopQueryBuffer.h"
 #include "store/TempQueryDatabase.h"
 
 #include <QAction>

@@ -3,8 +3,8 @@
 
 #include "gridview/LogViewSession.h"
 #include "platform/LoadProgress.h"
-#include "query/QueryCatalog.h"
-#include "query/ViewDispatch.h"
+#include "query/engine/QueryCatalog.h"
+#include "query/selection/ViewDispatch.h"
 
 #include <QList>
 #include <QWidget>

@@ -9,7 +9,7 @@
 #include "gridview/ui/SortOptionsFrm.h"
 #include "platform/SqliteDatabase.h"
 #include "platform/UserMessages.h"
-#include "query/TopQueryBuffer.h"
+#include "query/selection/TopQueryBuffer.h"
 #include "support/TestMeters.h"
 #include "support/ui/Screenshot.h"
 

@@ -3,12 +3,12 @@
 // click), time range (interval bounds, swapped Between, the calendar picker), the date/time
 // picker's clock, and the logs of a Device Master Log.
 #include "SelectionWindowFixture.h"
-#include "query/DeviceMasterLog.h"
-#include "query/TopQueryBuffer.h"
-#include "query/ui/SelDataPoints.h"
-#include "query/ui/SelTimeRange.h"
-#include "query/ui/frmDeviceMasterLog.h"
-#include "query/ui/selDateTime.h"
+#include "query/selection/DeviceMasterLog.h"
+#include "query/selection/TopQueryBuffer.h"
+#include "query/selection/ui/SelDataPoints.h"
+#include "query/selection/ui/SelTimeRange.h"
+#include "query/selection/ui/frmDeviceMasterLog.h"
+#include "query/selection/ui/selDateTime.h"
 #include "store/WallClock.h"
 #include "support/ui/Screenshot.h"
 

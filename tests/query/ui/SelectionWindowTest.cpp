@@ -2,8 +2,8 @@
 // The selection window on simulated meters: the tree and combo boxes, the view buttons each
 // kind of meter enables, the request a view button hands to the grid, and the refusals.
 #include "SelectionWindowFixture.h"
-#include "query/ViewButtons.h"
-#include "query/ui/SelDataPoints.h"
+#include "query/selection/ViewButtons.h"
+#include "query/selection/ui/SelDataPoints.h"
 #include "support/ui/Screenshot.h"
 
 #include <QComboBox>

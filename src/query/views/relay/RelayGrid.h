@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "query/engine/GridTable.h"
+#include "query/engine/QueryCatalog.h"
+#include "query/engine/SortState.h"
+
+namespace lorvane {
+
+class SqliteDatabase;
+
+/// "Show Relays": the relay records of a query joined with their settings; a record of a module or
+/// relay without a settings row is left out.
+class RelayGrid
+{
+public:
+    /// The grid of slice `numbers` in the order of `sort`, read from the query's tables
+    /// alone. Throws StorageError when the tables cannot be read.
+    static GridTable fill(SqliteDatabase& scratch, const QueryNumbers& numbers,
+                          const SortState& sort);
+};
+
+} // namespace lorvane

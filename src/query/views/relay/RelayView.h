@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "query/engine/QueryCatalog.h"
+#include "query/engine/ViewResult.h"
+
+namespace lorvane {
+
+struct QueryContext;
+
+/// The relay view (log kind 7): "Show Relays" in grid 0, the snapshots of the same range in
+/// grid 1, "Show Relay Settings" after them.
+class RelayView
+{
+public:
+    /// One fresh query over the context's files and range, sorted by the context's sort item
+    /// and direction. Throws StorageError when a statement fails, Fault for an unknown sort
+    /// item.
+    static ViewResult run(QueryContext& context);
+    /// The grids of query `numbers` from its tables alone, in the context's sort: a new sort
+    /// or a buffered press reads no meter file. Throws StorageError, Fault for an unknown sort
+    /// item.
+    static QList<GridTable> grids(QueryContext& context, const QueryNumbers& numbers);
+};
+
+} // namespace lorvane
