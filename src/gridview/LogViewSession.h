@@ -137,14 +137,6 @@ public:
 
     /// Waveform and PQ views have the two check marks.
     static bool hasCheckMarks(LogKind kind);
-    /// The captions of the grids of `kind` ("Show Snapshots", "Show Inputs" ...).
-    static QStringList captions(LogKind kind);
-    /// The view's name in the title ("Snapshots", "Database Status" ...).
-    static QString viewName(LogKind kind);
-    /// "{program} - [{view name}]".
-    static QString windowTitle(const QString& program, LogKind kind);
-    /// The help topic of `kind` ("LRHistTrends" ...).
-    static QString helpTopic(LogKind kind);
 
 private:
     struct Entry;

@@ -3,6 +3,7 @@
 // sorts refilled from the query tables, and the texts of each kind.
 #include "gridview/LogViewSession.h"
 
+#include "gridview/LogViewTexts.h"
 #include "query/InputSimFixture.h"
 #include "query/engine/SortOptions.h"
 #include "query/selection/TopQueryBuffer.h"
@@ -251,8 +252,8 @@ TEST(LogViewSession, CaptionsTitlesAndGraphMessagesOfEachKind)
     for (const Expect& e : kinds) {
         SCOPED_TRACE(e.button);
         const LogKind kind = ViewDispatch::logKindOf(e.button);
-        EXPECT_EQ(LogViewSession::captions(kind).first(), QString::fromLatin1(e.caption));
-        EXPECT_EQ(LogViewSession::helpTopic(kind), QString::fromLatin1(e.help));
+        EXPECT_EQ(LogViewTexts::captions(kind).first(), QString::fromLatin1(e.caption));
+        EXPECT_EQ(LogViewTexts::helpTopic(kind), QString::fromLatin1(e.help));
         // An empty range: headings only, "No data found", and the kind's empty message.
         session.setRequest(press(e.button, meter, "2020-01-01 00:00:00", "2020-01-02 00:00:00"),
                            &buffer);
@@ -263,14 +264,14 @@ TEST(LogViewSession, CaptionsTitlesAndGraphMessagesOfEachKind)
         EXPECT_FALSE(session.result().grids.first().columns.isEmpty());
         EXPECT_EQ(session.graph(-1).message, QString::fromLatin1(e.emptyGraph));
     }
-    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), LogKind::DatabaseStatus),
+    EXPECT_EQ(LogViewTexts::windowTitle(QStringLiteral("Lorvane"), LogKind::DatabaseStatus),
               QStringLiteral("Lorvane - [Database Status]"));
-    EXPECT_EQ(LogViewSession::windowTitle(QStringLiteral("Lorvane"), LogKind::Demand),
+    EXPECT_EQ(LogViewTexts::windowTitle(QStringLiteral("Lorvane"), LogKind::Demand),
               QStringLiteral("Lorvane - [Demands]"));
     EXPECT_EQ(
-        LogViewSession::captions(LogKind::PowerQuality),
+        LogViewTexts::captions(LogKind::PowerQuality),
         (QStringList{QStringLiteral("Show PQs"), QStringLiteral("Show PQ/Waveform Settings")}));
-    EXPECT_EQ(LogViewSession::helpTopic(LogKind::EN50160), QStringLiteral("LREN50160Log"));
+    EXPECT_EQ(LogViewTexts::helpTopic(LogKind::EN50160), QStringLiteral("LREN50160Log"));
 }
 
 TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)

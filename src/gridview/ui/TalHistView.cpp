@@ -5,6 +5,7 @@
 #include "SortOptionsFrm.h"
 #include "app/RunContext.h"
 #include "graph/ui/GraphWindows.h"
+#include "gridview/LogViewTexts.h"
 #include "platform/Fault.h"
 #include "platform/StorageError.h"
 #include "platform/UserMessages.h"
@@ -131,7 +132,7 @@ void TalHistView::build()
     connect(m_commands[SortCommand], &QPushButton::clicked, this, &TalHistView::openSort);
     connect(m_commands[GraphCommand], &QPushButton::clicked, this, &TalHistView::graph);
     connect(m_commands[HelpCommand], &QPushButton::clicked, this,
-            [this] { emit helpRequested(LogViewSession::helpTopic(logKind())); });
+            [this] { emit helpRequested(LogViewTexts::helpTopic(logKind())); });
     connect(m_commands[BackCommand], &QPushButton::clicked, this, [this] {
         hide();
         emit backRequested();
@@ -190,7 +191,7 @@ bool TalHistView::showRequest(const ViewDispatch::Request& request, TopQueryBuff
     // must not change what that load fills.
     const bool ran = runGuarded([&](LoadProgress* progress) {
         m_session.setRequest(request, &buffer);
-        setWindowTitle(LogViewSession::windowTitle(m_context.shortName, logKind()));
+        setWindowTitle(LogViewTexts::windowTitle(m_context.shortName, logKind()));
         m_session.LoadQuery(request.fresh, progress);
     });
     if (ran)
@@ -201,7 +202,7 @@ bool TalHistView::showRequest(const ViewDispatch::Request& request, TopQueryBuff
 void TalHistView::LoadQuery(bool fresh)
 {
     const bool ran = runGuarded([this, fresh](LoadProgress* progress) {
-        setWindowTitle(LogViewSession::windowTitle(m_context.shortName, logKind()));
+        setWindowTitle(LogViewTexts::windowTitle(m_context.shortName, logKind()));
         m_session.LoadQuery(fresh, progress);
     });
     if (ran)

@@ -5,6 +5,7 @@
 
 #include "app/RunContext.h"
 #include "graph/ui/GraphWindows.h"
+#include "gridview/LogViewTexts.h"
 #include "gridview/ui/GridTableModel.h"
 #include "gridview/ui/SortOptionsFrm.h"
 #include "platform/SqliteDatabase.h"
@@ -129,7 +130,7 @@ TEST(TalHistView, EveryKindShowsItsGridsThroughTheModel)
         w.view->showRequest(w.press(p.button), w.buffer);
         EXPECT_EQ(w.view->logKind(), p.kind);
         EXPECT_TRUE(w.view->windowTitle().endsWith(
-            QStringLiteral(" - [") + LogViewSession::viewName(p.kind) + QLatin1Char(']')));
+            QStringLiteral(" - [") + LogViewTexts::viewName(p.kind) + QLatin1Char(']')));
         EXPECT_GT(w.view->grid(0)->model()->columnCount(), 0);
         if (p.kind != LogKind::Demand) {
             EXPECT_GT(w.rows(0), 0) << "kind " << int(p.kind);
