@@ -42,6 +42,15 @@ bool hasAnnotation(const WaveStripChart* chart, const QString& text)
     return false;
 }
 
+/// A capture window over the fixture's meter with its messages recorded.
+struct WindowRun
+{
+    WaveWindowFixture fixture;
+    RecordedMessages messages;
+    ScopedUserMessages scope{messages};
+    TalWaveGraphPE window{fixture.scratch(), fixture.settingsFile(), fixture.work()};
+};
+
 } // namespace
 
 TEST(TalWaveGraphPE, OpensACaptureWithStripsLabelsAndCycleStatistics)
@@ -101,10 +110,8 @@ TEST(TalWaveGraphPE, OpensACaptureWithStripsLabelsAndCycleStatistics)
 
 TEST(TalWaveGraphPE, MarksZoomAndNavigation)
 {
-    WaveWindowFixture fixture;
-    RecordedMessages messages;
-    ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
+    WindowRun run;
+    auto& [fixture, messages, scope, window] = run;
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "first"));
 
     // Mark 2 left of Mark 1: the duration stays positive.
@@ -273,10 +280,8 @@ TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
 
 TEST(TalWaveGraphPE, DetailViewCarriesTheSecondButtonSet)
 {
-    WaveWindowFixture fixture;
-    RecordedMessages messages;
-    ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
+    WindowRun run;
+    auto& [fixture, messages, scope, window] = run;
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     window.show();
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
@@ -389,10 +394,8 @@ TEST(TalWaveGraphPE, ProgressWindowAndTheOneBusyGuard)
 
 TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
 {
-    WaveWindowFixture fixture;
-    RecordedMessages messages;
-    ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
+    WindowRun run;
+    auto& [fixture, messages, scope, window] = run;
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     window.show();
 
@@ -483,10 +486,8 @@ TEST(TalWaveGraphPE, YExtentsMoveAboutTheCentreWhenLocked)
 
 TEST(TalWaveGraphPE, Fault1TheCursorStandsWhereTheClickWasAt512SamplesACycle)
 {
-    WaveWindowFixture fixture;
-    RecordedMessages messages;
-    ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
+    WindowRun run;
+    auto& [fixture, messages, scope, window] = run;
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(512), "range"));
     window.show();
     window.setMark(1, 20.0);
@@ -508,10 +509,8 @@ TEST(TalWaveGraphPE, Fault1TheCursorStandsWhereTheClickWasAt512SamplesACycle)
 
 TEST(TalWaveGraphPE, Fault7BackFromTheInterharmonicViewKeepsTheCaptureAsItWasLeft)
 {
-    WaveWindowFixture fixture;
-    RecordedMessages messages;
-    ScopedUserMessages scope(messages);
-    TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
+    WindowRun run;
+    auto& [fixture, messages, scope, window] = run;
     ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(64), "tone"));
     window.show();
     window.setMark(1, 5.0);
