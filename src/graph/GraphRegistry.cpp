@@ -12,6 +12,10 @@ GraphRegistry::GraphRegistry()
     m_graphs = {
         {int(LogKind::Waveform), QStringLiteral("waveform"),
          QStringLiteral("capture channels over time with their statistics and spectra")},
+        {int(LogKind::Snapshots), QStringLiteral("power-graph"),
+         QStringLiteral("up to six snapshot items round a dial or over time (circular, XY)")},
+        {int(LogKind::Demand), QStringLiteral("power-graph-demand"),
+         QStringLiteral("up to six demand items round a dial or over time (circular, XY)")},
     };
 }
 

@@ -66,6 +66,11 @@ TEST(LogViewSession, SnapshotPagesUpAndDownToTheEnd)
     EXPECT_FALSE(session.canUp());
     ASSERT_TRUE(session.canDown());
     EXPECT_EQ(buffer.row(snapshotButton).queryIndex, session.result().numbers.query);
+    // &Graph hands the query to the power graph set-up, with or without a row chosen.
+    const LogViewSession::GraphAction graph = session.graph(-1);
+    ASSERT_EQ(graph.kind, LogViewSession::GraphAction::Kind::Graph);
+    EXPECT_EQ(graph.selection.logKind, int(LogKind::Snapshots));
+    EXPECT_EQ(graph.selection.numbers.query, session.result().numbers.query);
 
     // &Up on page 1 changes nothing.
     const QStringList firstRow = session.result().grids.first().rows.first();
