@@ -124,7 +124,10 @@ QString CliOutput::usageText()
                           "[--template PATH] [--dictionary PATH]   the grids of a view "
                           "(snapshots, demand, ...)\n"
                           "  waveform --meter FILE --record N [--json] [--samples csv] "
-                          "[--template PATH]   header or samples of one waveform capture\n");
+                          "[--template PATH]   header or samples of one waveform capture\n"
+                          "  power-graph --meter FILE --points ID,... --from T --to T [--demand] "
+                          "[--kind circular|xy] [--days N] [--start T] [--min Y] [--max Y] "
+                          "[--json]   records of a circular or XY power graph\n");
 }
 
 int CliOutput::usage(const QString& message)
