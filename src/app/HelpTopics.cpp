@@ -38,6 +38,7 @@ QString HelpTopics::pageName(const QString& topic)
         {QStringLiteral("LRStatChange"), QStringLiteral("log-grid.md")},
         {QStringLiteral("LRControl"), QStringLiteral("log-grid.md")},
         {QStringLiteral("LRFlicker"), QStringLiteral("log-grid.md")},
+        {QStringLiteral("LRPowerGraph"), QStringLiteral("power-graph.md")},
         {QStringLiteral("SystemProperties"), QStringLiteral("system-properties.md")},
         {QStringLiteral("About"), QStringLiteral("about.md")},
         {QStringLiteral("Progress"), QStringLiteral("progress.md")},

@@ -4,6 +4,7 @@
 #include "PGSelColor.h"
 #include "PGSelLabel.h"
 #include "PGraphCanvas.h"
+#include "PGraphFailure.h"
 #include "PGraphPanel.h"
 #include "graph/ui/GraphOutput.h"
 #include "platform/UserMessages.h"
@@ -302,7 +303,7 @@ void PGraph::guarded(const std::function<void()>& work)
         work();
     } catch (const std::exception& e) {
         m_autoShow.stop();
-        userMessages().show(QString::fromUtf8(e.what()), UserMessages::Icon::Critical);
+        userMessages().show(powerGraphFailure(e), UserMessages::Icon::Critical);
     } catch (...) {
         m_autoShow.stop();
         userMessages().show(userText("801066", "The power graph met an unknown fault."),

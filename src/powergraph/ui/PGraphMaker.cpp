@@ -2,6 +2,7 @@
 #include "PGraphMaker.h"
 
 #include "PGraph.h"
+#include "PGraphFailure.h"
 #include "SelPGraph.h"
 #include "app/RunContext.h"
 #include "graph/ui/GraphWindows.h"
@@ -29,7 +30,7 @@ void PGraphMaker::add(RunContext& context, std::function<void(const QString& top
             window->ShowPowerGraph(choice.items(), choice.kind());
             return window.release();
         } catch (const std::exception& e) {
-            userMessages().show(QString::fromUtf8(e.what()), UserMessages::Icon::Critical);
+            userMessages().show(powerGraphFailure(e), UserMessages::Icon::Critical);
             return nullptr;
         }
     };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SelPGraph.h"
 
+#include "PGraphFailure.h"
 #include "platform/LoadProgress.h"
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
@@ -145,7 +146,13 @@ bool SelPGraph::confirm()
     WaitLine progress(m_wait);
     if (scope)
         scope->watch(&progress);
-    m_items = PGraphRecords::load(m_scratch, m_query, chosen, &progress);
+    try {
+        m_items = PGraphRecords::load(m_scratch, m_query, chosen, &progress);
+    } catch (const std::exception& e) {
+        m_wait->clear();
+        userMessages().show(powerGraphFailure(e), UserMessages::Icon::Critical);
+        return false;
+    }
     m_wait->clear();
     return true;
 }
