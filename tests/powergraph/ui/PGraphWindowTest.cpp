@@ -77,13 +77,15 @@ RecordedMessages& recorded()
 TEST(SelPGraph, SixItemsPassSevenAreRefusedWithTheirCounters)
 {
     WeekQuery q;
-    SelPGraph choice(*q.sim.scratch, nullptr, q.view->numbers().query, nullptr);
+    SelPGraph choice(*q.sim.scratch, &q.dictionary, q.view->numbers().query, nullptr);
     ASSERT_EQ(choice.grid()->rowCount(), 7);
     EXPECT_EQ(choice.grid()->horizontalHeaderItem(0)->text(), "Data ID");
     recorded().clear();
     EXPECT_FALSE(choice.confirm());
     choice.choose({0, 1, 2, 3, 4, 5, 6});
     EXPECT_EQ(choice.counterText(), "Items: 7   devices: 1   total items: 7");
+    choice.show();
+    EXPECT_TRUE(saveScreenshot(&choice, QStringLiteral("power-graph-choice")));
     EXPECT_FALSE(choice.confirm());
     EXPECT_TRUE(choice.items().isEmpty()) << "nothing is read for a refused choice";
     EXPECT_EQ(recorded().texts(),
@@ -194,6 +196,8 @@ TEST(PGSelColor, RestoringTheXYColoursKeepsTheCircleAndApplyStores)
     PGSelColor dialog(ini);
     dialog.entryList()->setCurrentRow(0);
     dialog.slider(1)->setValue(128); // circle channel 1: red with green 128
+    dialog.show();
+    EXPECT_TRUE(saveScreenshot(&dialog, QStringLiteral("power-graph-colors")));
     dialog.setKind(PGraphView::Kind::XY);
     dialog.slider(2)->setValue(64);
     recorded().clear();
