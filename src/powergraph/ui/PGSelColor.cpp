@@ -9,8 +9,10 @@
 #include <QDialogButtonBox>
 #include <QFrame>
 #include <QGridLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QListWidget>
+#include <QPixmap>
 #include <QPushButton>
 #include <QSlider>
 #include <QVBoxLayout>
@@ -94,6 +96,12 @@ PGraphColor& PGSelColor::current()
 
 void PGSelColor::showEntry()
 {
+    // Each entry of the list carries its colour, so the whole set of a kind is seen at once.
+    for (int row = 0; row < m_entries->count(); ++row) {
+        QPixmap swatch(14, 14);
+        swatch.fill(PGraphPalette::toColor(m_defaults.of(kind()).at(size_t(row))));
+        m_entries->item(row)->setIcon(QIcon(swatch));
+    }
     const PGraphColor c = current();
     const std::array<int, 3> values{c.red, c.green, c.blue};
     for (size_t i = 0; i < 3; ++i) {

@@ -182,8 +182,12 @@ void PGraph::showView()
 void PGraph::step(bool forward)
 {
     guarded([this, forward] {
-        if (m_session && redraw() && m_session->step(direction(forward)))
+        if (!m_session || !redraw())
+            return;
+        if (m_session->step(direction(forward)))
             showView();
+        else
+            userMessages().beep(); // no records lie beyond the view that way
     });
 }
 

@@ -18,6 +18,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QSlider>
 #include <QTableWidget>
 #include <gtest/gtest.h>
@@ -142,6 +143,13 @@ TEST(PGraph, EntriesAutoShowPrintExportAndClose)
     EXPECT_EQ(recorded().texts().last(), "Number of days to view cannot be > 24855");
     EXPECT_EQ(window->session()->view().numDaysView, 1);
     panel->numDays->setText(QStringLiteral("1"));
+    // Nothing lies before the first day: Previous only beeps; Next moves a day on.
+    const qint64 first = window->session()->view().start;
+    const int beeps = recorded().beeps();
+    panel->previous->click();
+    EXPECT_EQ(recorded().beeps(), beeps + 1);
+    panel->next->click();
+    EXPECT_EQ(window->session()->view().start, first + PGraphView::msPerDay);
 
     // Timer1 follows the slider; printing is refused while it runs.
     panel->speed->setValue(0);
