@@ -433,15 +433,12 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
         break;
     case LogKind::Snapshots:
     case LogKind::Demand:
-        // The power graph set-up takes the data points from the query's tables, every page
-        // read so far, so it needs the query and not the rows shown.
         if (empty) {
             message(userText("406013", "There are no data to graph"));
         } else {
             action.kind = GraphAction::Kind::Graph;
             action.selection.logKind = int(entry.logKind);
             action.selection.numbers = entry.result.numbers;
-            action.selection.position = selected ? row : -1;
             action.selection.caption = entry.result.rangeText;
         }
         break;

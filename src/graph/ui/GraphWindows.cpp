@@ -30,6 +30,11 @@ bool GraphWindows::has(int logKind)
     return makers().contains(logKind);
 }
 
+GraphWindows::Maker GraphWindows::maker(int logKind)
+{
+    return makers().value(logKind);
+}
+
 QWidget* GraphWindows::open(const GraphSelection& selection, QWidget* parent)
 {
     const auto found = makers().constFind(selection.logKind);

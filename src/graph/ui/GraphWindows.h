@@ -22,6 +22,9 @@ public:
     static bool add(int logKind, Maker maker);
     /// Whether a window can be made for `logKind`.
     static bool has(int logKind);
+    /// The maker registered for `logKind`, empty when none is: a window that shares a kind
+    /// with another (trend and power graphs of the snapshot grid) offers both through it.
+    static Maker maker(int logKind);
     /// The window of the selection's kind, or nullptr when none is registered or it refused.
     static QWidget* open(const GraphSelection& selection, QWidget* parent);
     /// Drops the maker of `logKind` (a window module that unloads, a test).

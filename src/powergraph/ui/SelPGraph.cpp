@@ -39,7 +39,7 @@ private:
 } // namespace
 
 SelPGraph::SelPGraph(TempQueryDatabase& scratch, SqliteDatabase* dictionary, qint64 query,
-                     WorkGuard* work, QWidget* parent)
+                     WorkGuard* work, bool offerTrend, QWidget* parent)
     : QDialog(parent), m_scratch(scratch), m_query(query), m_work(work),
       m_choices(PGraphRecords::choices(scratch, query, dictionary))
 {
@@ -47,6 +47,8 @@ SelPGraph::SelPGraph(TempQueryDatabase& scratch, SqliteDatabase* dictionary, qin
     auto* layout = new QVBoxLayout(this);
     m_kind = new QComboBox(this);
     m_kind->addItems({userText("801050", "Circular Graph"), userText("801051", "XY Graph")});
+    if (offerTrend)
+        m_kind->addItem(userText("802047", "Trend Graph"));
     layout->addWidget(m_kind);
     m_grid = new QTableWidget(int(m_choices.size()), 2, this);
     m_grid->setObjectName(QStringLiteral("vsFlexGrid1"));
@@ -109,6 +111,16 @@ PGraphView::Kind SelPGraph::kind() const
     return m_kind->currentIndex() == 1 ? PGraphView::Kind::XY : PGraphView::Kind::Circular;
 }
 
+bool SelPGraph::trendChosen() const
+{
+    return m_kind->currentIndex() == 2;
+}
+
+void SelPGraph::chooseTrend()
+{
+    m_kind->setCurrentIndex(2);
+}
+
 QString SelPGraph::counterText() const
 {
     return m_counters->text();
@@ -126,6 +138,8 @@ void SelPGraph::updateCounters()
 
 bool SelPGraph::confirm()
 {
+    if (trendChosen())
+        return true;
     const QList<int> rows = chosenRows();
     if (const std::optional<QString> refused = PGraphChoiceCheck::check(rows.size())) {
         userMessages().show(*refused);

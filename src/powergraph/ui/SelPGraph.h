@@ -26,9 +26,11 @@ class SelPGraph : public QDialog
 
 public:
     /// The data points of `query`; throws StorageError when its tables cannot be read.
-    /// `work` (may be null) is entered while the records are read.
+    /// `work` (may be null) is entered while the records are read. With `offerTrend` the
+    /// chart kinds end with "Trend Graph": the grid's other graph, which takes every column
+    /// and needs no choice of rows.
     SelPGraph(TempQueryDatabase& scratch, SqliteDatabase* dictionary, qint64 query, WorkGuard* work,
-              QWidget* parent = nullptr);
+              bool offerTrend = false, QWidget* parent = nullptr);
 
     /// The rows chosen, in list order.
     QList<int> chosenRows() const;
@@ -36,6 +38,9 @@ public:
     void choose(const QList<int>& rows);
     void setKind(PGraphView::Kind kind);
     PGraphView::Kind kind() const;
+    /// "Trend Graph" is the kind chosen.
+    bool trendChosen() const;
+    void chooseTrend();
     /// "&OK": true, and the records read, when the choice may be drawn; otherwise the message
     /// is shown and the dialog stays.
     bool confirm();

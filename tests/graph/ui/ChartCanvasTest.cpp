@@ -248,6 +248,13 @@ TEST(GraphWindows, AcceptsMakersOnlyForListedGraphKinds)
     selection.logKind = 3;
     EXPECT_EQ(GraphWindows::open(selection, nullptr), nullptr);
     EXPECT_EQ(made, 2);
+    // The registered maker itself, for a window that offers it beside its own.
+    selection.logKind = 9;
+    selection.position = 0;
+    std::unique_ptr<QWidget> again(GraphWindows::maker(9)(selection, nullptr));
+    EXPECT_NE(again, nullptr);
+    EXPECT_EQ(made, 3);
+    EXPECT_FALSE(GraphWindows::maker(5));
     GraphWindows::remove(9);
     EXPECT_FALSE(GraphWindows::has(9));
 }

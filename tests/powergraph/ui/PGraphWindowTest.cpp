@@ -96,6 +96,13 @@ TEST(SelPGraph, SixItemsPassSevenAreRefusedWithTheirCounters)
     ASSERT_TRUE(choice.confirm());
     EXPECT_EQ(choice.items().size(), 6);
     EXPECT_EQ(choice.items().first().records.size(), 7 * 96 - 12); // less the outage of day 2
+
+    // Beside the trend graph of the grid, its choice hands on without a choice of rows.
+    SelPGraph both(*q.sim.scratch, nullptr, q.view->numbers().query, nullptr, true);
+    both.chooseTrend();
+    EXPECT_TRUE(both.trendChosen());
+    EXPECT_TRUE(both.confirm());
+    EXPECT_TRUE(both.items().isEmpty());
 }
 
 TEST(PGraph, AWeekOnTheDialAndADayOnTheXYGraph)
