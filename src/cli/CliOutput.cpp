@@ -124,7 +124,11 @@ QString CliOutput::usageText()
                           "[--template PATH] [--dictionary PATH]   the grids of a view "
                           "(snapshots, demand, ...)\n"
                           "  waveform --meter FILE --record N [--json] [--samples csv] "
-                          "[--template PATH]   header or samples of one waveform capture\n");
+                          "[--template PATH]   header or samples of one waveform capture\n"
+                          "  en50160 list --meter FILE [--meter FILE2] --from T --to T "
+                          "[--format csv|json]   the EN 50160 test list\n"
+                          "  en50160 evaluate --meter FILE --test ID [--json]   page verdicts, "
+                          "voltage events and totals of one test\n");
 }
 
 int CliOutput::usage(const QString& message)
