@@ -9,10 +9,10 @@
 #include "MeterArguments.h"
 #include "ScratchTemplate.h"
 #include "en50160/PqTestEvaluation.h"
-#include "en50160/PqTestList.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/SqliteDatabase.h"
+#include "query/views/en50160/PqTestList.h"
 #include "store/TempQueryDatabase.h"
 #include "store/WallClock.h"
 

@@ -5,10 +5,10 @@
 #include "en50160/PqTestEvaluation.h"
 
 #include "en50160/DailySeries.h"
-#include "en50160/PqTestList.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/SqliteDatabase.h"
+#include "query/views/en50160/PqTestList.h"
 #include "store/LogKind.h"
 #include "store/MeterSchema.h"
 #include "store/TableLayout.h"

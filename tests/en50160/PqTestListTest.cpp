@@ -2,10 +2,10 @@
 // The EN 50160 test list on meter files built here: the range, the columns and cells, the
 // nominal voltage rule with and without the meter's column, the status texts and shades,
 // and every refusal with what it leaves in the scratch tables.
-#include "en50160/PqTestList.h"
+#include "query/views/en50160/PqTestList.h"
 
-#include "en50160/PqTestStatus.h"
 #include "platform/Fault.h"
+#include "query/views/en50160/PqTestStatus.h"
 #include "store/MeterSchema.h"
 #include "store/TableLayout.h"
 #include "store/WallClock.h"
