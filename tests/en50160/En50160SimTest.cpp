@@ -97,6 +97,43 @@ TEST(En50160OnSimulatedMeter, ListAndEvaluationAgreeWithTheMeter)
                         {"Passed", "Passed", "Passed", "Passed", "Passed", "Passed", "Passed"});
 }
 
+TEST(En50160OnSimulatedMeter, SplitLogMeterReadsItsTestAndPqLogFiles)
+{
+    QTemporaryDir folder;
+    const QString out = folder.filePath(QStringLiteral("split"));
+    ASSERT_TRUE(simulate(
+        {QStringLiteral("--out"), out, QStringLiteral("--kind"), QStringLiteral("split")}));
+    const QString dml = out + QStringLiteral("/split.dml");
+    const QJsonArray row = json(runProgram(QStringLiteral("lorvane-cli"),
+                                           {QStringLiteral("en50160"), QStringLiteral("list"),
+                                            QStringLiteral("--meter"), dml,
+                                            QStringLiteral("--from"), QStringLiteral("2024-03-04"),
+                                            QStringLiteral("--to"), QStringLiteral("2024-03-07"),
+                                            QStringLiteral("--format"), QStringLiteral("json")}))
+                               .array()
+                               .at(0)
+                               .toObject()
+                               .value(QStringLiteral("rows"))
+                               .toArray()
+                               .at(0)
+                               .toArray();
+    EXPECT_EQ(row.at(4).toString(), QStringLiteral("230 V"));
+    EXPECT_TRUE(row.at(12).toString().endsWith(QStringLiteral("logs/EN50160/EN50160.db")));
+    const QJsonObject evaluation =
+        json(runProgram(QStringLiteral("lorvane-cli"),
+                        {QStringLiteral("en50160"), QStringLiteral("evaluate"),
+                         QStringLiteral("--meter"), dml, QStringLiteral("--test"),
+                         row.at(13).toString(), QStringLiteral("--json")}))
+            .object();
+    const QJsonObject pages = evaluation.value(QStringLiteral("pages")).toObject();
+    const char* keys[] = {"FRE", "LSV", "FVF", "FLI", "SVU", "HAR", "THD"};
+    for (int i = 0; i < 7; ++i)
+        EXPECT_EQ(pages.value(QString::fromLatin1(keys[i])).toString(), row.at(5 + i).toString())
+            << keys[i];
+    // The events come from the meter's PQ_LOG file, not from its EN50160 log.
+    EXPECT_FALSE(evaluation.value(QStringLiteral("events")).toArray().isEmpty());
+}
+
 TEST(En50160Command, BadCallsAndMissingTests)
 {
     QTemporaryDir folder;
