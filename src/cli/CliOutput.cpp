@@ -127,7 +127,11 @@ QString CliOutput::usageText()
                           "[--template PATH]   header or samples of one waveform capture\n"
                           "  power-graph --meter FILE --points ID,... --from T --to T [--demand] "
                           "[--kind circular|xy] [--days N] [--start T] [--min Y] [--max Y] "
-                          "[--json]   records of a circular or XY power graph\n");
+                          "[--json]   records of a circular or XY power graph\n"
+                          "  en50160 list --meter FILE [--meter FILE2] --from T --to T "
+                          "[--format csv|json]   the EN 50160 test list\n"
+                          "  en50160 evaluate --meter FILE --test ID [--json]   page verdicts, "
+                          "voltage events and totals of one test\n");
 }
 
 int CliOutput::usage(const QString& message)

@@ -2,6 +2,7 @@
 // lorvane-cli: the core without a screen, for scripts and batch work.
 #include "CliOutput.h"
 #include "CommandBoundary.h"
+#include "En50160Command.h"
 #include "ExitCode.h"
 #include "InfoCommand.h"
 #include "LabelCommand.h"
@@ -37,6 +38,7 @@ int main(int argc, char* argv[])
         {QStringLiteral("label"), &lorvane::cli::LabelCommand::run},
         {QStringLiteral("waveform"), &lorvane::cli::WaveformCommand::run},
         {QStringLiteral("power-graph"), &lorvane::cli::PowerGraphCommand::run},
+        {QStringLiteral("en50160"), &lorvane::cli::En50160Command::run},
     };
     const Runner runner = commands.value(command);
     if (!runner)

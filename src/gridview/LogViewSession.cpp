@@ -8,6 +8,7 @@
 #include "query/engine/LogFileList.h"
 #include "query/engine/SortOptions.h"
 #include "query/selection/TopQueryBuffer.h"
+#include "query/views/en50160/En50160View.h"
 #include "query/views/flicker/FlickerView.h"
 #include "query/views/input/InputView.h"
 #include "query/views/limit/LimitView.h"
@@ -54,6 +55,8 @@ KindRoad roadOf(LogKind kind)
         return {&PqView::run, &PqView::grids};
     case LogKind::SystemEvent:
         return {&SystemEventView::run, &SystemEventView::grids};
+    case LogKind::EN50160:
+        return {&En50160View::run, &En50160View::grids};
     default:
         return {};
     }

@@ -196,7 +196,7 @@ TEST(QueryCommand, BadInputIsRefusedWithItsMessageAndCode)
     EXPECT_EQ(unknown.exitCode, 1);
     EXPECT_TRUE(unknown.err.startsWith(QStringLiteral(
         "lorvane-cli: unknown view: sparkles (views: snapshots, demand, limits, inputs, relays, "
-        "flicker, waveform, pq, events)\n")))
+        "flicker, waveform, pq, events, en50160)\n")))
         << unknown.err.toStdString();
     EXPECT_TRUE(unknown.out.isEmpty());
 

@@ -253,6 +253,7 @@ TEST(LogViewSession, CaptionsTitlesAndGraphMessagesOfEachKind)
         {4, "Show Waveforms", "LRWaveformLog", "There are no waveforms."},
         {5, "Show PQs", "LRpqLogs", ""},
         {12, "Show System Events", "LRSystemEvtLog", "There are no data to graph."},
+        {14, "EN50160 / IEC 61000-4-30 Information", "LREN50160Log", ""},
     };
     for (const Expect& e : kinds) {
         SCOPED_TRACE(e.button);
@@ -277,6 +278,13 @@ TEST(LogViewSession, CaptionsTitlesAndGraphMessagesOfEachKind)
         LogViewTexts::captions(LogKind::PowerQuality),
         (QStringList{QStringLiteral("Show PQs"), QStringLiteral("Show PQ/Waveform Settings")}));
     EXPECT_EQ(LogViewTexts::helpTopic(LogKind::EN50160), QStringLiteral("LREN50160Log"));
+
+    // The compliance view lists the meter's test of its two days once the range holds it.
+    session.setRequest(press(14, meter, "2024-03-04 00:00:00", "2024-03-06 00:00:00"), &buffer);
+    session.LoadQuery(true, nullptr);
+    ASSERT_EQ(session.result().grids.first().rows.size(), 1);
+    EXPECT_EQ(session.result().grids.first().rows.first().first(),
+              QStringLiteral("2024-03-04 00:00:00"));
 }
 
 TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)

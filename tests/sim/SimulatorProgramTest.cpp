@@ -402,6 +402,11 @@ TEST(SimulatorProgram, BadArgumentsAreRefusedWithAMessage)
         {QStringLiteral("--out"), out, QStringLiteral("--start"), QStringLiteral("2024-02-30")},
         {QStringLiteral("--out"), out, QStringLiteral("--seed"), QStringLiteral("-3")},
         {QStringLiteral("--out"), out, QStringLiteral("--colour"), QStringLiteral("red")},
+        {QStringLiteral("--out"), out, QStringLiteral("--pq-test-parameters"),
+         QStringLiteral("2,0")},
+        {QStringLiteral("--out"), out, QStringLiteral("--pq-test-parameters"), QStringLiteral("1")},
+        {QStringLiteral("--out"), out, QStringLiteral("--pq-test-parameters"),
+         QStringLiteral("1,256")},
         {QStringLiteral("demo"), QStringLiteral("--out"), out, QStringLiteral("--days"),
          QStringLiteral("2")},
     };

@@ -148,6 +148,7 @@ void MeterSimulator::writeFile(const QString& path, const QList<SimLog>& profile
         meter.schema = MeterSchema(m_options.schemaVersion);
         meter.model = &model;
         meter.seed = m_options.seed;
+        meter.pqTest = m_options.pqTest;
         meter.deviceTypeId = m_profile.deviceTypeId();
         meter.hardwareName = hardwareName();
         meter.folder = info.absolutePath();

@@ -158,7 +158,7 @@ PqTestBins PqTestBins::measure(const PowerSystemModel& model, const SimSchedule&
     return bins;
 }
 
-int PqTestBins::status(Criterion criterion) const
+int PqTestBins::status(Criterion criterion, const PqTestSettings& settings) const
 {
     const double n1 = bin(frequencyCountBin);
     const double n2 = bin(intervalCountBin);
@@ -167,7 +167,7 @@ int PqTestBins::status(Criterion criterion) const
     bool passed = false;
     switch (criterion) {
     case Criterion::Frequency:
-        if (parameter(Criterion::Frequency) != 0.0)
+        if (parameter(Criterion::Frequency, settings) != 0.0)
             passed = bin(frequencyBins) == 0 && bin(frequencyBins + 9) == 0 &&
                      sum(frequencyBins + 4, 2) >= insideShare * n1 && n1 != 0;
         else
@@ -188,7 +188,7 @@ int PqTestBins::status(Criterion criterion) const
             const int b = fastVoltageBins + 6 * phase;
             return bin(b) == 0 && bin(b + 5) == 0 && sum(b + 2, 2) >= bin(b + 1) + bin(b + 4);
         };
-        const double allowance = parameter(Criterion::FastVoltage);
+        const double allowance = parameter(Criterion::FastVoltage, settings);
         const auto second = [this, allowance](int phase) {
             const int b = fastVoltageBins + 6 * phase;
             return bin(b + 1) + bin(b + 4) <= 7.0 * allowance;
@@ -216,15 +216,15 @@ int PqTestBins::status(Criterion criterion) const
     return passed ? 1 : 0;
 }
 
-double PqTestBins::parameter(Criterion criterion)
+double PqTestBins::parameter(Criterion criterion, const PqTestSettings& settings)
 {
     switch (criterion) {
     case Criterion::Frequency:
-        return 1.0; // a supply synchronously connected to an interconnected system
+        return settings.frequencyParameter;
     case Criterion::LongSlowVoltage:
         return 10.0; // percent band around the nominal voltage
     case Criterion::FastVoltage:
-        return 0.0; // no allowance of rapid voltage changes per day
+        return settings.fastVoltageAllowance;
     case Criterion::Flicker:
         return flickerLimit;
     case Criterion::Unbalance:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PowerSystemModel.h"
+#include "PqTestSettings.h"
 #include "SimSchedule.h"
 
 #include <array>
@@ -68,10 +69,10 @@ public:
 
     /// Value of `bin_{number}`, number 1..170; 0 outside that range.
     double bin(int number) const;
-    /// The meter's verdict on a criterion: 1 passed, 0 failed.
-    int status(Criterion criterion) const;
+    /// The meter's verdict on a criterion under its test settings: 1 passed, 0 failed.
+    int status(Criterion criterion, const PqTestSettings& settings = {}) const;
     /// The test parameter the meter holds for a criterion (the `P_` column).
-    static double parameter(Criterion criterion);
+    static double parameter(Criterion criterion, const PqTestSettings& settings = {});
 
 private:
     void add(int number, double count = 1.0);

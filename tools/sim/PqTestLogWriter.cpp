@@ -52,8 +52,8 @@ void PqTestLogWriter::write(const SimMeter& meter)
         for (int i = 0; i < PqTestBins::criterionCount; ++i) {
             const auto criterion = static_cast<PqTestBins::Criterion>(i);
             const QString name = QString::fromLatin1(criterionColumns[i]);
-            row.set(QStringLiteral("S_") + name, bins.status(criterion))
-                .set(QStringLiteral("P_") + name, PqTestBins::parameter(criterion));
+            row.set(QStringLiteral("S_") + name, bins.status(criterion, meter.pqTest))
+                .set(QStringLiteral("P_") + name, PqTestBins::parameter(criterion, meter.pqTest));
         }
         for (int n = 1; n <= PqTestBins::binCount; ++n)
             row.set(QStringLiteral("bin_%1").arg(n), bins.bin(n));

@@ -36,6 +36,8 @@ QString SimCommandLine::usage()
         "  --schema-version V       8.6 (default), 8.8 to 9.1, or an older version to\n"
         "                           upgrade: 7.5, 7.55, 7.6, 7.7, 7.8, 7.9, 8.0 to 8.5\n"
         "  --hardware-name TEXT     the meter's name (default: type name and seed)\n"
+        "  --pq-test-parameters F,V the EN 50160 test settings P_Freq (0 or 1) and P_FVF\n"
+        "                           (0 to 255) of every test row (default 1,0)\n"
         "  --overwrite              replace existing output\n"
         "  --verbose                report each file written\n"
         "  --help                   show this text\n");
@@ -150,6 +152,17 @@ void SimCommandLine::parse(const QStringList& arguments)
                 return;
             }
             m_options.schemaVersion = version;
+        } else if (option == QStringLiteral("--pq-test-parameters")) {
+            const QStringList parts = value.split(QLatin1Char(','));
+            if (parts.size() != 2 ||
+                !number(option, parts.at(0), 0, 1, m_options.pqTest.frequencyParameter) ||
+                !number(option, parts.at(1), 0, 255, m_options.pqTest.fastVoltageAllowance)) {
+                if (m_error.isEmpty())
+                    m_error = QStringLiteral("--pq-test-parameters needs F,V: P_Freq 0 or 1 and "
+                                             "P_FVF 0 to 255, not \"%1\"")
+                                  .arg(value);
+                return;
+            }
         } else if (option == QStringLiteral("--hardware-name")) {
             if (value.trimmed().isEmpty()) {
                 m_error = QStringLiteral("--hardware-name needs a text");

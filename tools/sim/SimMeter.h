@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PowerSystemModel.h"
+#include "PqTestSettings.h"
 #include "platform/SqliteDatabase.h"
 #include "store/MeterSchema.h"
 
@@ -25,6 +26,7 @@ struct SimMeter
     QString folder;
     qint64 startSecond = 0; ///< first instant (meter local time read as UTC seconds)
     qint64 endSecond = 0;   ///< end of the period, exclusive
+    PqTestSettings pqTest;
 };
 
 } // namespace lorvane::sim

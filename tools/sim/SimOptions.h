@@ -2,6 +2,7 @@
 #pragma once
 
 #include "MeterProfile.h"
+#include "PqTestSettings.h"
 
 #include <QDate>
 #include <QString>
@@ -20,6 +21,7 @@ struct SimOptions
     int points = 50;
     double schemaVersion = 8.6;
     QString hardwareName; ///< empty: a name made from the device type and the seed
+    PqTestSettings pqTest;
     bool overwrite = false;
     bool verbose = false;
 };

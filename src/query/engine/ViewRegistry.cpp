@@ -2,6 +2,7 @@
 #include "ViewRegistry.h"
 
 #include "QueryContext.h"
+#include "query/views/en50160/En50160View.h"
 #include "query/views/flicker/FlickerView.h"
 #include "query/views/input/InputView.h"
 #include "query/views/limit/LimitView.h"
@@ -41,6 +42,9 @@ ViewRegistry::ViewRegistry()
          QStringLiteral("power quality records and their captures"), singlePage(&PqView::run)},
         {QStringLiteral("events"), LogKind::SystemEvent,
          QStringLiteral("system events of the meter"), singlePage(&SystemEventView::run)},
+        {QStringLiteral("en50160"), LogKind::EN50160,
+         QStringLiteral("EN 50160 test periods with the meters' verdicts"),
+         singlePage(&En50160View::run)},
     };
 }
 
