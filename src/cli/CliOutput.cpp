@@ -124,7 +124,9 @@ QString CliOutput::usageText()
                           "[--template PATH] [--dictionary PATH]   the grids of a view "
                           "(snapshots, demand, ...)\n"
                           "  waveform --meter FILE --record N [--json] [--samples csv] "
-                          "[--template PATH]   header or samples of one waveform capture\n");
+                          "[--template PATH]   header or samples of one waveform capture\n"
+                          "  graphs [--json]   the graphs by log kind with the view that loads "
+                          "their rows\n");
 }
 
 int CliOutput::usage(const QString& message)
