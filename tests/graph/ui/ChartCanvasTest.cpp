@@ -109,6 +109,17 @@ protected:
         QTest::mouseRelease(canvas->viewport(), Qt::LeftButton, {}, plotPoint(canvas, to, 0.5));
     }
 
+    /// `notches` wheel notches towards the middle of the plot.
+    static void wheel(ChartCanvas* canvas, int notches)
+    {
+        const QPoint middle = plotPoint(canvas, 0.5, 0.5);
+        for (int notch = 0; notch < notches; ++notch) {
+            QWheelEvent event(middle, canvas->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, {},
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(canvas->viewport(), &event);
+        }
+    }
+
     StripStack stack;
     ChartCanvas* top = nullptr;
     ChartCanvas* bottom = nullptr;
@@ -135,12 +146,7 @@ TEST_F(ChartCanvasTest, StripsZoomTogetherAndDrawAFewPointsAColumn)
     EXPECT_EQ(bottom->zoom().view().y, bottom->zoom().bounds().y) << "each strip keeps its y";
 
     // Wheel notches in the bottom strip form one gesture, followed by the top strip.
-    for (int notch = 0; notch < 3; ++notch) {
-        QWheelEvent wheel(plotPoint(bottom, 0.5, 0.5),
-                          bottom->mapToGlobal(plotPoint(bottom, 0.5, 0.5)), {}, {0, 120},
-                          Qt::NoButton, {}, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(bottom->viewport(), &wheel);
-    }
+    wheel(bottom, 3);
     EXPECT_NEAR(bottom->zoom().view().x.span(), day.span() / 4 * 0.512, day.span() / 1000);
     EXPECT_EQ(top->zoom().view().x, bottom->zoom().view().x);
     EXPECT_EQ(top->zoom().depth(), 2);
@@ -152,11 +158,7 @@ TEST_F(ChartCanvasTest, StripsZoomTogetherAndDrawAFewPointsAColumn)
     EXPECT_EQ(bottom->zoom().depth(), 0);
 
     // Down to the limit of one second: 10 samples, drawn whole.
-    for (int notch = 0; notch < 80; ++notch) {
-        QWheelEvent wheel(plotPoint(top, 0.5, 0.5), top->mapToGlobal(plotPoint(top, 0.5, 0.5)), {},
-                          {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(top->viewport(), &wheel);
-    }
+    wheel(top, 80);
     EXPECT_DOUBLE_EQ(top->zoom().view().x.span(), 1000);
     EXPECT_EQ(top->pointsShown(), 12);
 }

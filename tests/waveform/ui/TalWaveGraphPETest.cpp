@@ -550,6 +550,11 @@ TEST(TalWaveGraphPE, Fault1TheCursorStandsWhereTheClickWasAt512SamplesACycle)
             EXPECT_FALSE(boxes[i].intersects(boxes[j]))
                 << strip->annotations()[i].text.toStdString() << " covers "
                 << strip->annotations()[j].text.toStdString();
+
+    // While the next capture is read, the status line shows its step, the share and a cancel.
+    window.step(1);
+    lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-reading"));
+    EXPECT_TRUE(lorvane::test::readDone(window));
 }
 
 TEST(TalWaveGraphPE, Fault7BackFromTheInterharmonicViewKeepsTheCaptureAsItWasLeft)
