@@ -131,7 +131,9 @@ QString CliOutput::usageText()
                           "  en50160 list --meter FILE [--meter FILE2] --from T --to T "
                           "[--format csv|json]   the EN 50160 test list\n"
                           "  en50160 evaluate --meter FILE --test ID [--json]   page verdicts, "
-                          "voltage events and totals of one test\n");
+                          "voltage events and totals of one test\n"
+                          "  graphs [--json]   the graphs by log kind with the view that loads "
+                          "their rows\n");
 }
 
 int CliOutput::usage(const QString& message)

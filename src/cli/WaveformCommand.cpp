@@ -6,13 +6,14 @@
 #include "ExitCode.h"
 #include "FaultExitCode.h"
 #include "ScratchTemplate.h"
+#include "graph/GraphRegistry.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/StorageError.h"
 #include "query/engine/QueryContext.h"
+#include "query/engine/ViewRegistry.h"
 #include "query/selection/MeterInventory.h"
 #include "query/selection/SplitLogMeter.h"
-#include "query/views/waveform/WaveformView.h"
 #include "store/MeterDatabase.h"
 #include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
@@ -402,7 +403,15 @@ int WaveformCommand::run(const QStringList& arguments)
         context.tempLogRecSize = std::numeric_limits<int>::max();
         SilentProgress progress;
         context.progress = &progress;
-        const ViewResult view = WaveformView::run(context);
+        // The rows come from the view of the graph's kind, as &Graph of the log grid has them.
+        const GraphDefinition* graph = GraphRegistry::instance().find(QStringLiteral("waveform"));
+        const ViewDefinition* rows = graph ? GraphRegistry::rowsView(*graph) : nullptr;
+        if (!rows) {
+            CliOutput::error(QStringLiteral("no view loads the rows of the waveform graph"));
+            scratch->closeAndDelete();
+            return Failure;
+        }
+        const ViewResult view = rows->run(context, {}).first();
 
         WaveformCapture capture;
         const bool opened = capture.open(scratch->database(), view.numbers, o.record, &progress);

@@ -4,6 +4,7 @@
 #include "CommandBoundary.h"
 #include "En50160Command.h"
 #include "ExitCode.h"
+#include "GraphsCommand.h"
 #include "InfoCommand.h"
 #include "LabelCommand.h"
 #include "PowerGraphCommand.h"
@@ -39,6 +40,7 @@ int main(int argc, char* argv[])
         {QStringLiteral("waveform"), &lorvane::cli::WaveformCommand::run},
         {QStringLiteral("power-graph"), &lorvane::cli::PowerGraphCommand::run},
         {QStringLiteral("en50160"), &lorvane::cli::En50160Command::run},
+        {QStringLiteral("graphs"), &lorvane::cli::GraphsCommand::run},
     };
     const Runner runner = commands.value(command);
     if (!runner)

@@ -99,6 +99,7 @@ QString StringCatalog::translate(const QString& id, const QString& text)
     if (!numeric || number < 0 || number > noId)
         return text;
     QString translated;
+    const std::lock_guard<std::mutex> lock(m_lookUp);
     try {
         translated = number == noId ? lookUpByText(text) : lookUpById(number);
     } catch (const std::exception&) {

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QString>
 #include <memory>
+#include <mutex>
 
 namespace lorvane {
 
@@ -51,7 +52,8 @@ public:
     /// `text` translated under `id` (a number 0 to 999999 as text, "999999" to look the
     /// English text up). The default `text` comes back when the catalogue is inactive, the id
     /// is not a number, is above the greatest id of the database or is not in it, the
-    /// translation is empty or null, or the database fails.
+    /// translation is empty or null, or the database fails. Safe from any thread: the
+    /// look-ups are taken one at a time.
     QString translate(const QString& id, const QString& text);
 
     /// True when no translation database was found: all texts are English.
@@ -99,6 +101,8 @@ private:
     qint32 m_fontCharset = 0;
     bool m_isUnicode = false;
     std::unique_ptr<SqliteDatabase> m_db;
+    /// Long work off the window thread asks for texts too: one look-up at a time.
+    std::mutex m_lookUp;
 };
 
 } // namespace lorvane

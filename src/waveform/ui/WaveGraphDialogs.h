@@ -12,6 +12,7 @@ class QWidget;
 
 namespace lorvane {
 
+class LoadProgress;
 class WaveGraphSession;
 class YExtentsTarget;
 
@@ -31,8 +32,9 @@ public:
     void setPrintFile(const QString& path) { m_printFile = path; }
     void setDialogRunner(std::function<int(QDialog&)> runner) { m_runDialog = std::move(runner); }
 
-    /// Export &Data: the sample table to the clipboard, then the information.
-    void exportData(const WaveGraphSession& session, const QString& title);
+    /// Export &Data: the sample table to the clipboard, then the information; nothing when
+    /// `progress` was cancelled.
+    void exportData(const WaveGraphSession& session, const QString& title, LoadProgress* progress);
     /// &Export Picture: choose one of `graphs`, then a PNG or SVG file.
     void exportPicture(const Graphs& graphs, const QString& title);
     /// Graph `index` of `graphs` to `path` (".svg" SVG, else PNG).
@@ -46,6 +48,8 @@ public:
     /// The set-up of the composition; true for &Graph. The session's list takes the choice.
     bool compositionSetup(WaveGraphSession& session);
     void yExtents(YExtentsTarget* chart);
+    /// A command's message over the window, under its caption; nothing for an empty text.
+    void tell(const QString& message, bool warning);
     /// Asks for the note's text; true when given.
     bool note(WaveGraphSession& session);
 
