@@ -47,6 +47,14 @@ public:
     /// x as numbers, or as wall-clock milliseconds (meter time, no zone).
     void setWallClockX(bool wallClock);
     bool wallClockX() const { return m_wallClock; }
+    /// x on a logarithmic scale (durations from microseconds to minutes): ticks at decades,
+    /// zoom and pan by decades. Every x the canvas takes and gives stays a value (seconds, not
+    /// their logarithm), but for valueAt and positionOf, which work on the axis (decades);
+    /// x values that are not above 0 are not drawn.
+    void setLogX(bool logX);
+    bool logX() const { return m_logX; }
+    /// The label of an x tick at `value`; the default labels numbers as TickLabels does.
+    void setXTickText(std::function<QString(double value)> text);
     void setTitles(const QString& title, const QString& xTitle, const QString& yTitle);
     /// Draws `data` with the look of `look` (a line or scatter series; the canvas owns it).
     void addSeries(QXYSeries* look, std::shared_ptr<const PlotSeries> data);
@@ -74,7 +82,7 @@ public:
 
     /// Cursor at `x` (nothing: no cursor).
     void setCursorX(std::optional<double> x);
-    std::optional<double> cursorX() const { return m_cursor; }
+    std::optional<double> cursorX() const;
     /// Lines of the cursor read-out: each series' name and the value of its sample nearest to
     /// the cursor.
     QStringList cursorReadout() const;
@@ -84,7 +92,7 @@ public:
     /// Fills the right-click menu with the window's entries for a click at `value`.
     void setContextMenuHook(std::function<void(QMenu* menu, const QPointF& value)> hook);
 
-    /// Chart values at a widget position, and back.
+    /// Chart values at a widget position, and back (on a logarithmic x axis, x in decades).
     QPointF valueAt(const QPointF& position) const;
     QPointF positionOf(const QPointF& value) const;
     /// Hover as the pointer at `position` (a widget position): the point shown, if any.
@@ -122,6 +130,9 @@ private:
     QRect bandFor(const QPoint& from, const QPoint& to) const;
     /// Chart coordinates of a chart value.
     QPointF plotPointOf(const QPointF& value) const;
+    /// An x value on the axis (its decade on a logarithmic axis), and back.
+    double toAxis(double x) const;
+    double fromAxis(double x) const;
 
     QCategoryAxis* m_x = nullptr;
     QCategoryAxis* m_y = nullptr;
@@ -129,6 +140,9 @@ private:
     ZoomState m_zoom;
     ZoomAxes m_zoomAxes = ZoomAxes::Horizontal;
     bool m_wallClock = false;
+    bool m_logX = false;
+    std::function<QString(double)> m_xTickText;
+    /// On the axis: in decades on a logarithmic x axis.
     std::optional<double> m_cursor;
     QList<ChartMark> m_marks;
     std::function<QString(const QString&, const QPointF&)> m_valueText;
