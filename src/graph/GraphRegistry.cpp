@@ -12,6 +12,9 @@ GraphRegistry::GraphRegistry()
     m_graphs = {
         {int(LogKind::Waveform), QStringLiteral("waveform"),
          QStringLiteral("capture channels over time with their statistics and spectra")},
+        {int(LogKind::PowerQuality), QStringLiteral("pq"),
+         QStringLiteral("power quality events by magnitude and duration against an envelope, "
+                        "their counts in 3D and the magnitude histogram")},
     };
 }
 

@@ -39,6 +39,8 @@ void PqGraphSession::load(SqliteDatabase& scratch, const QueryNumbers& numbers,
             names << devices.text(0);
     }
     m_cells = std::make_unique<EventCellText>(scratch, numbers, QString());
+    m_db = &scratch;
+    m_numbers = numbers;
     m_events = std::move(events);
     m_deviceNames = names;
     recount();
@@ -49,6 +51,7 @@ void PqGraphSession::setEvents(PqChannelEvents events, QStringList deviceNames)
     m_events = std::move(events);
     m_deviceNames = std::move(deviceNames);
     m_cells.reset();
+    m_db = nullptr;
     recount();
 }
 
@@ -98,6 +101,28 @@ const PqEvent* PqGraphSession::eventAt(int channel, const QPointF& point) const
             return &event;
     }
     return nullptr;
+}
+
+std::optional<qint64> PqGraphSession::captureOf(const PqEvent& event) const
+{
+    if (!m_db || !m_cells)
+        return std::nullopt;
+    const QString waves =
+        SqlIdentifier::quote(m_numbers.sliceTable(QStringLiteral("WaveformLog_")));
+    if (!m_db->tableExists(m_numbers.sliceTable(QStringLiteral("WaveformLog_"))))
+        return std::nullopt;
+    // A split-log meter keeps its captures in another file than its PQ records.
+    QStringList devices;
+    for (const qint64 device : m_cells->sameMeter(event.deviceIndex))
+        devices << QString::number(device);
+    const QVariant found = m_db->scalar(
+        QStringLiteral("SELECT [RecCounter] FROM %1 WHERE [WTDate/Time] = ? AND "
+                       "abs([WTms] - ?) < 0.05 AND [DeviceIndex] IN (%2) ORDER BY rowid")
+            .arg(waves, devices.join(QLatin1Char(','))),
+        {event.start, event.startMs});
+    if (!found.isValid() || found.isNull())
+        return std::nullopt;
+    return found.toLongLong();
 }
 
 std::array<PqGraphSession::Violations, PqEvents::channelCount> PqGraphSession::violations() const

@@ -10,6 +10,7 @@
 #include <QStringList>
 #include <array>
 #include <memory>
+#include <optional>
 
 namespace lorvane {
 
@@ -59,6 +60,10 @@ public:
     QList<QPointF> graphPoints(int channel) const;
     /// The event of `channel` drawn at `point` (as graphPoints gives it); null when none.
     const PqEvent* eventAt(int channel, const QPointF& point) const;
+    /// The capture of the loaded query whose trigger is `event`'s start on the same meter: its
+    /// `RecCounter` in the query's waveform table; nothing when there is none or no query is
+    /// loaded. Throws StorageError.
+    std::optional<qint64> captureOf(const PqEvent& event) const;
     /// Where each event of each channel lies against the envelope.
     std::array<Violations, PqEvents::channelCount> violations() const;
 
@@ -77,6 +82,8 @@ private:
     PqEnvelope m_envelope = PqEnvelope::cbema();
     QStringList m_deviceNames;
     std::unique_ptr<EventCellText> m_cells;
+    SqliteDatabase* m_db = nullptr;
+    QueryNumbers m_numbers;
 };
 
 } // namespace lorvane
