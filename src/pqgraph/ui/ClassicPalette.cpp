@@ -17,7 +17,7 @@ QColor ClassicPalette::color(int index)
 
 QColor ClassicPalette::channel(int channel)
 {
-    static const std::array<QColor, 6> colors{QColor(200, 30, 30),  QColor(30, 60, 200),
+    static const std::array<QColor, 6> colors{QColor(200, 30, 30),  QColor(40, 40, 40),
                                               QColor(20, 140, 40),  QColor(230, 120, 0),
                                               QColor(140, 40, 170), QColor(0, 150, 160)};
     return colors[std::size_t(channel) % colors.size()];

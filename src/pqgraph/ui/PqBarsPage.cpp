@@ -66,7 +66,14 @@ void PqBarsPage::paintPicture(QPainter& painter, const QRectF& area)
     qint64 highest = 0;
     for (const auto& row : m_counts)
         highest = std::max(highest, *std::max_element(row.cbegin(), row.cend()));
-    const AxisTicks ticks = NiceTicks::linear({0, double(std::max<qint64>(highest, 1))}, 5);
+    // Counts are whole numbers: a tick step below 1 would label fractions of an event.
+    AxisTicks ticks = NiceTicks::linear({0, double(std::max<qint64>(highest, 1))}, 5);
+    if (ticks.step < 1) {
+        ticks.values.clear();
+        for (qint64 n = 0; n <= std::max<qint64>(highest, 1); ++n)
+            ticks.values << double(n);
+        ticks.decimals = 0;
+    }
     const double top = std::max(ticks.values.isEmpty() ? 1.0 : ticks.values.last(),
                                 double(std::max<qint64>(highest, 1)));
     const double rad = M_PI / 180;
@@ -76,7 +83,7 @@ void PqBarsPage::paintPicture(QPainter& painter, const QRectF& area)
     // Fit the floor and the tallest tick into the area below the title.
     QFont font = painter.font();
     const QFontMetricsF metrics(font);
-    const QRectF plot = area.adjusted(metrics.height() * 9, metrics.height() * 3,
+    const QRectF plot = area.adjusted(metrics.height() * 9, metrics.height() * 4,
                                       -metrics.height() * 9, -metrics.height() * 6);
     QRectF box;
     for (const double x : {0.0, double(nx)})
@@ -102,6 +109,21 @@ void PqBarsPage::paintPicture(QPainter& painter, const QRectF& area)
     for (const QPointF c : {QPointF(nx, 0), QPointF(0, ny), QPointF(nx, ny)})
         if (p.depth(c.x(), c.y()) > p.depth(corner.x(), corner.y()))
             corner = c;
+    // The two walls behind the bars carry a line at each count tick, so that a bar's height
+    // can be read against them.
+    const QPointF alongX(corner.x() == 0 ? nx : 0, corner.y());
+    const QPointF alongY(corner.x(), corner.y() == 0 ? ny : 0);
+    for (const QPointF& end : {alongX, alongY}) {
+        painter.setPen(QPen(QColor(190, 190, 190), 0.8));
+        painter.setBrush(QColor(250, 250, 252));
+        painter.drawPolygon(QPolygonF{
+            screen(corner.x(), corner.y(), 0), screen(end.x(), end.y(), 0),
+            screen(end.x(), end.y(), barHeight), screen(corner.x(), corner.y(), barHeight)});
+        for (const double value : ticks.values) {
+            const double z = value / top * barHeight;
+            painter.drawLine(screen(corner.x(), corner.y(), z), screen(end.x(), end.y(), z));
+        }
+    }
     painter.setPen(QPen(Qt::black, 1));
     painter.drawLine(screen(corner.x(), corner.y(), 0), screen(corner.x(), corner.y(), barHeight));
     for (const double value : ticks.values) {
@@ -184,8 +206,8 @@ void PqBarsPage::paintPicture(QPainter& painter, const QRectF& area)
     }
     painter.setFont(font);
     const QPointF durationTitle = screen(nx / 2.0, frontY == 0 ? -3 : ny + 3, 0);
-    const QPointF magnitudeTitle = screen(frontX == 0 ? -3.5 : nx + 3.5, ny / 2.0, 0);
-    const QPointF countsTitle = screen(corner.x(), corner.y(), barHeight * 1.08);
+    const QPointF magnitudeTitle = screen(frontX == 0 ? -6 : nx + 6, ny / 2.0, 0);
+    const QPointF countsTitle = screen(corner.x(), corner.y(), barHeight);
     painter.drawText(QRectF(durationTitle.x() - 100, durationTitle.y() - 10, 200, 20),
                      Qt::AlignCenter, PqGraphTexts::durationAxisTitle());
     painter.drawText(QRectF(magnitudeTitle.x() - 100, magnitudeTitle.y() - 10, 200, 20),

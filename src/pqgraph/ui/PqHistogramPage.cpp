@@ -21,6 +21,8 @@ PqHistogramPage::PqHistogramPage(QWidget* parent)
     m_table->setHorizontalHeaderLabels(PqGraphTexts::sumsHeads());
     m_table->setVerticalHeaderLabels(PqCounts::magnitudeLabels());
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->setFocusPolicy(Qt::NoFocus);
+    m_table->setSelectionMode(QAbstractItemView::NoSelection);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 4);
     m_table->resizeColumnsToContents();
 }

@@ -50,6 +50,10 @@ PqScatterPage::PqScatterPage(const PqGraphSession& session, QWidget* parent)
     m_canvas->setXTickText(durationText);
     m_canvas->setTitles(PqGraphTexts::title2d(), PqGraphTexts::durationTitle(),
                         PqGraphTexts::magnitudeTitle());
+    QFont title = m_canvas->chart()->titleFont();
+    title.setBold(true);
+    title.setPointSizeF(title.pointSizeF() * 1.3);
+    m_canvas->chart()->setTitleFont(title);
     m_canvas->setZoomAxes(ChartCanvas::ZoomAxes::Both);
     m_canvas->setLimits({0.01, 1});
     m_canvas->setValueText(
