@@ -124,7 +124,9 @@ QString CliOutput::usageText()
                           "[--template PATH] [--dictionary PATH]   the grids of a view "
                           "(snapshots, demand, ...)\n"
                           "  waveform --meter FILE --record N [--json] [--samples csv] "
-                          "[--template PATH]   header or samples of one waveform capture\n");
+                          "[--template PATH]   header or samples of one waveform capture\n"
+                          "  pq-histogram --meter FILE [--meter FILE2] --from T --to T [--json] "
+                          "[--template PATH]   PQ events, count matrix and sums\n");
 }
 
 int CliOutput::usage(const QString& message)

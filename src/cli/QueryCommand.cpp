@@ -6,6 +6,7 @@
 #include "ExitCode.h"
 #include "FaultExitCode.h"
 #include "LabelCommand.h"
+#include "MeterArguments.h"
 #include "ScratchTemplate.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
@@ -14,10 +15,7 @@
 #include "platform/StorageError.h"
 #include "query/engine/QueryContext.h"
 #include "query/engine/ViewRegistry.h"
-#include "query/selection/MeterInventory.h"
 #include "query/selection/MeterItems.h"
-#include "query/selection/SplitLogMeter.h"
-#include "store/MeterDatabase.h"
 #include "store/SchemaCatalog.h"
 #include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
@@ -55,25 +53,6 @@ struct Options
     QString templatePath;
     QString dictionaryPath;
 };
-
-std::optional<QDateTime> parseTime(const QString& text, bool end)
-{
-    // Date and time are read apart and joined zone-free: read as this PC's local time, a
-    // meter reading inside its spring-forward gap would move or vanish.
-    const QString trimmed = text.trimmed();
-    const QDate day = QDate::fromString(trimmed.left(10), QStringLiteral("yyyy-MM-dd"));
-    if (!day.isValid())
-        return std::nullopt;
-    if (trimmed.size() == 10)
-        return WallClock::at(day, end ? QTime(23, 59, 59) : QTime(0, 0, 0));
-    const QChar separator = trimmed.size() == 19 ? trimmed.at(10) : QChar();
-    if (separator != QLatin1Char(' ') && separator != QLatin1Char('T'))
-        return std::nullopt;
-    const QTime time = QTime::fromString(trimmed.mid(11), QStringLiteral("HH:mm:ss"));
-    if (!time.isValid())
-        return std::nullopt;
-    return WallClock::at(day, time);
-}
 
 QString csvField(const QString& text)
 {
@@ -182,7 +161,7 @@ int parse(const QStringList& arguments, Options& o)
             }
         } else if (a == QLatin1String("--from") || a == QLatin1String("--to")) {
             const bool end = a == QLatin1String("--to");
-            const std::optional<QDateTime> time = parseTime(text, end);
+            const std::optional<QDateTime> time = MeterArguments::time(text, end);
             if (!time)
                 return CliOutput::usage(QStringLiteral("not a time (YYYY-MM-DD[ HH:MM:SS]): ") +
                                         text);
@@ -292,24 +271,12 @@ int QueryCommand::run(const QStringList& arguments)
     try {
         // The meters as the selection window opens them: their device records, every one used.
         for (const QString& given : o.meters) {
-            // A split-log meter is opened through its Device Master Log, as in the window.
-            const QString path = SplitLogMeter::isDeviceMasterLog(given)
-                                     ? SplitLogMeter::systemEventPath(given)
-                                     : given;
-            if (!QFileInfo(path).isFile()) {
-                CliOutput::error(QStringLiteral("file not found: ") + path);
+            std::optional<LogFileEntry> entry =
+                MeterArguments::meter(given, qint32(context.files.size()));
+            if (!entry)
                 return FileMissing;
-            }
-            MeterDatabase meter(path);
-            const DeviceRecord record = MeterInventory::read(meter, int(context.files.size()));
-            LogFileEntry entry;
-            entry.dbPath = QFileInfo(path).absoluteFilePath();
-            entry.deviceTypeId = record.deviceTypeId;
-            entry.hardwareName = record.hardwareName;
-            entry.used = true;
-            entry.items = o.items;
-            entry.deviceIndex = qint32(context.files.size());
-            context.files << entry;
+            entry->items = o.items;
+            context.files << *entry;
         }
         if (o.lastCount > 0) {
             o.to = newestRecord(context.files);

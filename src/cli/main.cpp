@@ -5,6 +5,7 @@
 #include "ExitCode.h"
 #include "InfoCommand.h"
 #include "LabelCommand.h"
+#include "PqHistogramCommand.h"
 #include "QueryCommand.h"
 #include "SetupCommand.h"
 #include "StatusCommand.h"
@@ -35,6 +36,7 @@ int main(int argc, char* argv[])
         {QStringLiteral("setup"), &lorvane::cli::SetupCommand::run},
         {QStringLiteral("label"), &lorvane::cli::LabelCommand::run},
         {QStringLiteral("waveform"), &lorvane::cli::WaveformCommand::run},
+        {QStringLiteral("pq-histogram"), &lorvane::cli::PqHistogramCommand::run},
     };
     const Runner runner = commands.value(command);
     if (!runner)
