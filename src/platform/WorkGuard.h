@@ -8,8 +8,9 @@ namespace lorvane {
 
 class LoadProgress;
 
-/// The one place that knows whether long work runs. Long work runs on the window thread and
-/// serves window events at its steps, so a click, a menu command, a request of a later copy
+/// The one place that knows whether long work runs. Long work either runs on the window thread
+/// and serves window events at its steps, or runs off it through a `JobRunner` while the
+/// window's own loop goes on; either way a click, a menu command, a request of a later copy
 /// or the close of the frame can arrive in the middle of it. Every window that starts such
 /// work enters it here: a second piece of work is refused while one runs, and whoever must
 /// wait for the end (the close of the frame) asks the running work to stop and is called

@@ -33,9 +33,9 @@ WaveGraphSession::WaveGraphSession(SqliteDatabase& scratch, const WaveDisplaySet
 {
 }
 
-WaveGraphSession::Outcome WaveGraphSession::open(const QueryNumbers& numbers,
-                                                 const QList<qint32>& series, int position,
-                                                 const QString& rangeText, LoadProgress* progress)
+WaveGraphSession::Request WaveGraphSession::requestOpen(const QueryNumbers& numbers,
+                                                        const QList<qint32>& series, int position,
+                                                        const QString& rangeText)
 {
     m_numbers = numbers;
     m_series = series;
@@ -43,33 +43,53 @@ WaveGraphSession::Outcome WaveGraphSession::open(const QueryNumbers& numbers,
     m_position = -1;
     if (position < 0 || position >= series.size()) {
         m_capture = WaveformCapture();
-        return {false, userText("503420", "There is no waveform to show."), true};
+        return {std::nullopt, {false, userText("503420", "There is no waveform to show."), true}};
     }
-    return load(position, progress);
+    return {readAt(position), {}};
 }
 
-WaveGraphSession::Outcome WaveGraphSession::step(int delta, LoadProgress* progress)
+WaveGraphSession::Request WaveGraphSession::requestStep(int delta) const
 {
     const int target = m_position + delta;
     if (target < 0)
-        return {false, userText("503424", "This is the first waveform in this series") + u'.',
-                false};
+        return {
+            std::nullopt,
+            {false, userText("503424", "This is the first waveform in this series") + u'.', false}};
     if (target >= m_series.size())
-        return {false, userText("503425", "This is the last waveform in this series") + u'.',
-                false};
-    const int before = m_position;
-    Outcome outcome = load(target, progress);
-    if (!outcome.ok && before >= 0)
-        load(before, progress);
-    return outcome;
+        return {
+            std::nullopt,
+            {false, userText("503425", "This is the last waveform in this series") + u'.', false}};
+    CaptureRead read = readAt(target);
+    read.keepOnFailure = m_position >= 0;
+    return {read, {}};
 }
 
-WaveGraphSession::Outcome WaveGraphSession::load(int position, LoadProgress* progress)
+WaveGraphSession::CaptureRead WaveGraphSession::readAt(int position) const
 {
-    m_capture.setTalmoFrequency(m_settings.talmoFreq);
-    if (!m_capture.open(m_scratch, m_numbers, m_series.at(position), progress))
-        return {false, m_capture.message(), true};
-    m_position = position;
+    return {m_numbers, m_series.at(position), position, m_settings.talmoFreq, false};
+}
+
+WaveformCapture WaveGraphSession::CaptureRead::run(SqliteDatabase& scratch,
+                                                   LoadProgress* progress) const
+{
+    WaveformCapture capture;
+    capture.setTalmoFrequency(talmoFrequency);
+    capture.open(scratch, numbers, recCounter, progress);
+    return capture;
+}
+
+WaveGraphSession::Outcome WaveGraphSession::take(const CaptureRead& read, WaveformCapture capture)
+{
+    if (!capture.isOpen()) {
+        if (!read.keepOnFailure) {
+            m_capture = WaveformCapture();
+            m_position = -1;
+        }
+        return {false, capture.message(), true};
+    }
+    m_capture = std::move(capture);
+    m_capture.useDatabase(m_scratch);
+    m_position = read.position;
     m_marks.clear();
     m_cursor.reset();
     m_statistics.reset();
@@ -79,6 +99,25 @@ WaveGraphSession::Outcome WaveGraphSession::load(int position, LoadProgress* pro
     m_capture.record().windowStart = 0;
     m_focus = std::clamp(m_focus, 0, WaveformChannels::analogCount - 1);
     return {};
+}
+
+WaveGraphSession::Outcome WaveGraphSession::load(const Request& request, LoadProgress* progress)
+{
+    if (!request.read)
+        return request.refusal;
+    return take(*request.read, request.read->run(m_scratch, progress));
+}
+
+WaveGraphSession::Outcome WaveGraphSession::open(const QueryNumbers& numbers,
+                                                 const QList<qint32>& series, int position,
+                                                 const QString& rangeText, LoadProgress* progress)
+{
+    return load(requestOpen(numbers, series, position, rangeText), progress);
+}
+
+WaveGraphSession::Outcome WaveGraphSession::step(int delta, LoadProgress* progress)
+{
+    return load(requestStep(delta), progress);
 }
 
 QString WaveGraphSession::caption() const
@@ -112,7 +151,7 @@ void WaveGraphSession::setSettings(const WaveDisplaySettings& settings)
                          m_capture.record().deviceTypeId == 0;
     m_settings = settings;
     if (newAxis)
-        load(m_position, nullptr);
+        load({readAt(m_position), {}}, nullptr);
 }
 
 void WaveGraphSession::click(int channel, double ms)

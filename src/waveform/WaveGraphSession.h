@@ -40,6 +40,26 @@ public:
         QString yTitle;
     };
     using Range = WaveZoomStack::Range;
+    /// Reading one capture of the series: the part of open and step that may run off the
+    /// window thread. It reads through the connection it is given (a job's own connection to
+    /// the scratch file) and touches nothing of the session.
+    struct CaptureRead
+    {
+        QueryNumbers numbers;
+        qint32 recCounter = 0;
+        int position = -1;
+        int talmoFrequency = 0;
+        /// A step keeps the capture shown when the new one fails; an open drops it.
+        bool keepOnFailure = false;
+
+        WaveformCapture run(SqliteDatabase& scratch, LoadProgress* progress) const;
+    };
+    /// What a command asks to read, or why it reads nothing.
+    struct Request
+    {
+        std::optional<CaptureRead> read;
+        Outcome refusal;
+    };
 
     /// Works on `scratch`, which must outlive the session, with the display `settings`.
     WaveGraphSession(SqliteDatabase& scratch, const WaveDisplaySettings& settings);
@@ -50,8 +70,15 @@ public:
     Outcome open(const QueryNumbers& numbers, const QList<qint32>& series, int position,
                  const QString& rangeText, LoadProgress* progress = nullptr);
     /// P&rev (-1) and &Next (+1). At the ends the message and the capture stays; a capture
-    /// that fails to load is told and the one before is opened again.
+    /// that fails to load is told and the one shown stays.
     Outcome step(int delta, LoadProgress* progress = nullptr);
+    /// `open` and `step` in parts, for a window that reads off its thread: the request, the
+    /// read (`CaptureRead::run`, anywhere), and `take` of what was read, on the session's thread.
+    Request requestOpen(const QueryNumbers& numbers, const QList<qint32>& series, int position,
+                        const QString& rangeText);
+    Request requestStep(int delta) const;
+    /// Shows `capture`, read for `read`, on the session's own connection.
+    Outcome take(const CaptureRead& read, WaveformCapture capture);
 
     const WaveformCapture& capture() const { return m_capture; }
     WaveformCapture& capture() { return m_capture; }
@@ -149,7 +176,8 @@ public:
     QList<WaveCompositionItem> compositionCandidates() const;
 
 private:
-    Outcome load(int position, LoadProgress* progress);
+    CaptureRead readAt(int position) const;
+    Outcome load(const Request& request, LoadProgress* progress);
 
     SqliteDatabase& m_scratch;
     WaveDisplaySettings m_settings;

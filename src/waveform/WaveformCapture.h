@@ -41,6 +41,10 @@ public:
     bool open(SqliteDatabase& scratch, const QueryNumbers& numbers, qint32 recCounter,
               LoadProgress* progress = nullptr);
 
+    /// The connection later reads (the contiguous rows) go through: a capture read off the
+    /// window thread on a connection of its own is handed the window thread's connection.
+    void useDatabase(SqliteDatabase& scratch) { m_scratch = &scratch; }
+
     /// The display frequency of the time axes of device type 0 (50 or 60), used by the next
     /// open; the other families keep their axis whatever the system.
     void setTalmoFrequency(int hz) { m_talmoFrequency = hz; }

@@ -32,7 +32,8 @@ TalWaveGraphPE::TalWaveGraphPE(SqliteDatabase& scratch, QString settingsFile, Wo
     : QWidget(parent), m_session(scratch, WaveDisplaySettings::read(settingsFile)),
       m_settingsFile(std::move(settingsFile)), m_work(work),
       m_dialogs(this, [this](const QString& topic) { emit helpRequested(topic); }),
-      m_status(new QLabel), m_progress(m_status)
+      m_status(new QLabel), m_progress(m_status),
+      m_reading(new WaveCaptureJob(m_session, scratch.path(), work, m_status))
 {
     build();
 }
@@ -52,7 +53,10 @@ void TalWaveGraphPE::build()
     m_pages->addWidget(m_ihPage);
     m_pages->addWidget(m_compositionPage);
     layout->addWidget(m_pages, 1);
-    layout->addWidget(m_status);
+    auto* statusLine = new QHBoxLayout;
+    statusLine->addWidget(m_status, 1);
+    statusLine->addWidget(m_reading);
+    layout->addLayout(statusLine);
     m_buttons->connectTo(*this);
     connectPages();
     refreshState();
@@ -91,49 +95,45 @@ void TalWaveGraphPE::connectPages()
 bool TalWaveGraphPE::open(const QueryNumbers& numbers, const QList<qint32>& series, int position,
                           const QString& rangeText)
 {
-    return load([&](LoadProgress* progress) {
-        return m_session.open(numbers, series, position, rangeText, progress);
-    });
+    return !m_work.busy() && load(m_session.requestOpen(numbers, series, position, rangeText));
 }
 
 void TalWaveGraphPE::step(int delta)
 {
-    load([&](LoadProgress* progress) { return m_session.step(delta, progress); });
+    load(m_session.requestStep(delta));
 }
 
-bool TalWaveGraphPE::load(const std::function<WaveGraphSession::Outcome(LoadProgress*)>& run)
+bool TalWaveGraphPE::load(const WaveGraphSession::Request& request)
 {
-    std::optional<WaveGraphSession::Outcome> outcome;
-    // The loader cannot stop half-way: its progress window offers no cancel, and a waiter
-    // (the close of the frame) has its turn once the capture is shown.
-    m_progress.run(m_work, userText("505013", "Opening the waveform capture"), false, [&] {
-        setEnabled(false);
-        outcome = run(&m_progress);
-        if (m_session.isOpen() && outcome->ok) {
+    if (!request.read) {
+        m_dialogs.tell(request.refusal.message, request.refusal.warning);
+        return false;
+    }
+    // The buttons and pages wait for the capture; the window repaints and the cancel of the
+    // read stays at hand.
+    const auto waiting = [this](bool on) {
+        m_buttons->setEnabled(!on);
+        m_pages->setEnabled(!on);
+    };
+    const bool started = m_reading->start(*request.read, [this, waiting](const auto& outcome) {
+        waiting(false);
+        if (outcome.ok) {
             setWindowTitle(m_session.windowTitle());
             m_capturePage->rebuild([this](int strip) {
-                m_progress.status(userText("501013", "Seting Up Graph ") + QString::number(strip));
+                m_reading->status(userText("501013", "Seting Up Graph ") + QString::number(strip));
             });
-            m_progress.status(userText("501014", "Draw the graphs"));
+            m_reading->status(userText("501014", "Draw the graphs"));
             m_capturePage->setZoomMode(m_zoomMode);
             m_pages->setCurrentIndex(0);
         }
-        setEnabled(true);
+        m_dialogs.tell(outcome.message, outcome.warning);
+        refresh();
+        // A first capture that failed or was cancelled leaves nothing to show.
+        if (!m_session.isOpen())
+            close();
     });
-    if (!outcome)
-        return false;
-    tell(*outcome);
-    refresh();
-    return outcome->ok;
-}
-
-void TalWaveGraphPE::tell(const WaveGraphSession::Outcome& outcome)
-{
-    if (!outcome.message.isEmpty())
-        userMessages().show(outcome.message,
-                            outcome.warning ? UserMessages::Icon::Warning
-                                            : UserMessages::Icon::Information,
-                            windowTitle());
+    waiting(started);
+    return started;
 }
 
 void TalWaveGraphPE::refresh()
@@ -274,7 +274,7 @@ void TalWaveGraphPE::clearNote()
 
 void TalWaveGraphPE::placeInterharmonicMark(double x)
 {
-    tell({true, m_session.placeInterharmonicMark(x).message, true});
+    m_dialogs.tell(m_session.placeInterharmonicMark(x).message, true);
     refresh();
 }
 
@@ -304,7 +304,7 @@ bool TalWaveGraphPE::showInterharmonic()
         }))
         return false;
     if (!result.ok) {
-        tell({false, result.message, true});
+        m_dialogs.tell(result.message, true);
         return false;
     }
     const float start = m_session.capture().channels().time.value(result.windowStart);
@@ -351,7 +351,7 @@ void TalWaveGraphPE::showComposition()
         return;
     m_compositionPage->show(std::move(curves), m_session.settings());
     for (const QString& failure : std::as_const(failures))
-        tell({false, failure, true});
+        m_dialogs.tell(failure, true);
     m_pages->setCurrentIndex(2);
     refreshState();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "WaveCaptureJob.h"
 #include "WaveGraphDialogs.h"
 #include "WaveGraphProgress.h"
 #include "WaveStripChart.h"
@@ -95,12 +96,16 @@ public:
     ~TalWaveGraphPE() override;
 
     /// Opens capture `series[position]` of query `numbers`; `rangeText` is the query's range
-    /// for the caption. False, with the message shown, when it fails to load; false and
-    /// nothing shown while other work runs.
+    /// for the caption. The capture is read off the window thread: true when the read started.
+    /// A read that fails tells why; when it was the first, the window closes (so it does after
+    /// a cancel of the first read). False, with the message shown, for a position outside the
+    /// series; false and nothing shown while other work runs.
     bool open(const QueryNumbers& numbers, const QList<qint32>& series, int position,
               const QString& rangeText);
-    /// P&rev (-1) and &Next (+1).
+    /// P&rev (-1) and &Next (+1), read as `open` reads.
     void step(int delta);
+    /// A capture is being read.
+    bool reading() const { return m_reading->running(); }
     void clickAt(int channel, double x);
     /// Marks, "Clear Marks" (asks first), zoom and "Undo Zoom" act on the view shown.
     void setMark(int number, double x);
@@ -136,7 +141,11 @@ public:
     void showInterharmonicGraph(int command);
     void setRmsShown(bool on);
 
-    void setProgressWindow(frmProgress* progress) { m_progress.setWindow(progress); }
+    void setProgressWindow(frmProgress* progress)
+    {
+        m_progress.setWindow(progress);
+        m_reading->setProgressWindow(progress);
+    }
     /// Tests answer the file question, the printer and the dialogs here.
     WaveGraphDialogs& dialogs() { return m_dialogs; }
 
@@ -160,12 +169,11 @@ protected:
 private:
     void build();
     void connectPages();
-    /// Runs an open or a step with the progress shown, then shows the capture.
-    bool load(const std::function<WaveGraphSession::Outcome(LoadProgress*)>& run);
+    /// Starts the read of an open or a step; the capture is shown once it is in.
+    bool load(const WaveGraphSession::Request& request);
     void refresh();
     void setToggle(void (WaveGraphSession::*toggle)(bool), bool on);
     void refreshState();
-    void tell(const WaveGraphSession::Outcome& outcome);
     QList<std::pair<QString, QChartView*>> viewGraphs() const;
 
     WaveGraphSession m_session;
@@ -183,6 +191,9 @@ private:
     WaveGraphDialogs m_dialogs;
     QLabel* m_status = nullptr;
     WaveGraphProgress m_progress;
+    /// A child widget: a read still running when the window goes is stopped; it uses copies
+    /// only, never the session.
+    WaveCaptureJob* m_reading;
 };
 
 } // namespace lorvane

@@ -139,4 +139,12 @@ bool WaveGraphDialogs::note(WaveGraphSession& session)
     return ok;
 }
 
+void WaveGraphDialogs::tell(const QString& message, bool warning)
+{
+    if (!message.isEmpty())
+        userMessages().show(message,
+                            warning ? UserMessages::Icon::Warning : UserMessages::Icon::Information,
+                            m_parent->windowTitle());
+}
+
 } // namespace lorvane

@@ -46,6 +46,8 @@ public:
     /// The set-up of the composition; true for &Graph. The session's list takes the choice.
     bool compositionSetup(WaveGraphSession& session);
     void yExtents(YExtentsTarget* chart);
+    /// A command's message over the window, under its caption; nothing for an empty text.
+    void tell(const QString& message, bool warning);
     /// Asks for the note's text; true when given.
     bool note(WaveGraphSession& session);
 

@@ -3,6 +3,7 @@
 // clicked cycle, marks, zoom, navigation, the interharmonic view, exports and printing.
 #include "waveform/ui/TalWaveGraphPE.h"
 
+#include "WaveWindowReads.h"
 #include "app/ui/frmProgress.h"
 #include "platform/UserMessages.h"
 #include "platform/WorkGuard.h"
@@ -29,6 +30,8 @@
 #include <gtest/gtest.h>
 
 using namespace lorvane;
+using lorvane::test::openNow;
+using lorvane::test::stepNow;
 using lorvane::test::WaveWindowFixture;
 
 namespace {
@@ -62,7 +65,7 @@ TEST(TalWaveGraphPE, OpensACaptureWithStripsLabelsAndCycleStatistics)
     ASSERT_GE(pureSine, 0);
 
     TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), pureSine, "Waveforms #1"))
+    ASSERT_TRUE(openNow(window, fixture.numbers(), fixture.series(), pureSine, "Waveforms #1"))
         << messages.texts().join(u'\n').toStdString();
     window.show();
     const WaveformChannels& channels = window.capture().channels();
@@ -112,7 +115,7 @@ TEST(TalWaveGraphPE, MarksZoomAndNavigation)
 {
     WindowRun run;
     auto& [fixture, messages, scope, window] = run;
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "first"));
+    ASSERT_TRUE(openNow(window, fixture.numbers(), fixture.series(), 0, "first"));
 
     // Mark 2 left of Mark 1: the duration stays positive.
     window.setMark(1, 20.0);
@@ -148,23 +151,23 @@ TEST(TalWaveGraphPE, MarksZoomAndNavigation)
     // Prev on the first row leaves the capture as it is.
     const qint32 first = window.capture().record().recCounter;
     messages.clear();
-    window.step(-1);
+    stepNow(window, -1);
     EXPECT_EQ(messages.texts(), QStringList{"This is the first waveform in this series."});
     EXPECT_EQ(window.capture().record().recCounter, first);
-    window.step(1);
+    stepNow(window, 1);
     EXPECT_EQ(window.session().position(), 1);
     EXPECT_EQ(window.capture().record().recCounter, fixture.series().at(1));
     const int last = static_cast<int>(fixture.series().size()) - 1;
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), last, "last"));
+    ASSERT_TRUE(openNow(window, fixture.numbers(), fixture.series(), last, "last"));
     messages.clear();
-    window.step(1);
+    stepNow(window, 1);
     EXPECT_EQ(messages.texts(), QStringList{"This is the last waveform in this series."});
     EXPECT_EQ(window.session().position(), last);
 
     // A row the query does not hold: the loader's message, no capture.
     messages.clear();
     TalWaveGraphPE missing(fixture.scratch(), fixture.settingsFile(), fixture.work());
-    EXPECT_FALSE(missing.open(fixture.numbers(), {999999}, 0, "missing"));
+    EXPECT_FALSE(openNow(missing, fixture.numbers(), {999999}, 0, "missing"));
     ASSERT_EQ(messages.texts().size(), 1);
     EXPECT_FALSE(messages.texts().first().isEmpty());
     EXPECT_FALSE(missing.buttons()->command(TalWaveGraphPE::ExportData)->isEnabled());
@@ -178,7 +181,7 @@ TEST(TalWaveGraphPE, InterharmonicViewOfTheInterharmonicCapture)
     const int tone = fixture.periodic(64);
     ASSERT_GE(tone, 0);
     TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), tone, "tone"));
+    ASSERT_TRUE(openNow(window, fixture.numbers(), fixture.series(), tone, "tone"));
     window.show();
     // Ia: the voltages of this delta capture are line to line, where the tone of each phase
     // (1.5 x 120 degrees apart) adds up to 10 / sqrt(3) percent rather than 5.
@@ -282,7 +285,8 @@ TEST(TalWaveGraphPE, DetailViewCarriesTheSecondButtonSet)
 {
     WindowRun run;
     auto& [fixture, messages, scope, window] = run;
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
+    ASSERT_TRUE(
+        openNow(window, fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     window.show();
     EXPECT_EQ(window.state(), TalWaveGraphPE::State::Global);
     EXPECT_EQ(window.buttons()->command(TalWaveGraphPE::Close)->toolTip(),
@@ -343,7 +347,7 @@ TEST(TalWaveGraphPE, ProgressWindowAndTheOneBusyGuard)
     TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     window.setProgressWindow(&progress);
     const int tone = fixture.periodic(64);
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), tone, "tone"));
+    ASSERT_TRUE(openNow(window, fixture.numbers(), fixture.series(), tone, "tone"));
     const QStringList opened = progress.messages();
     EXPECT_TRUE(std::any_of(opened.cbegin(), opened.cend(), [](const QString& line) {
         return line.endsWith(QStringLiteral("Reading the Waveform data file"));
@@ -354,13 +358,27 @@ TEST(TalWaveGraphPE, ProgressWindowAndTheOneBusyGuard)
     EXPECT_FALSE(progress.isVisible()) << "the progress window goes when the capture is shown";
     window.show();
 
+    // The capture is read off the window thread: the window serves its events meanwhile, and
+    // the cancel of the progress window stops the read with the capture shown kept.
+    bool servedDuringRead = false;
+    window.step(1);
+    QTimer::singleShot(0, &window, [&] { servedDuringRead = window.reading(); });
+    ASSERT_TRUE(window.reading());
+    EXPECT_TRUE(fixture.work().busy());
+    QTest::mouseClick(progress.cancelButton(), Qt::LeftButton);
+    lorvane::test::readDone(window);
+    EXPECT_TRUE(servedDuringRead);
+    EXPECT_EQ(window.session().position(), tone);
+    EXPECT_TRUE(window.capture().isOpen());
+    EXPECT_FALSE(fixture.work().busy());
+
     // Other work of the run (a load of the log grid) holds the guard: the window starts
     // nothing of its own, and a click waits.
     {
         WorkGuard::Scope other = fixture.work().enter();
         ASSERT_TRUE(other);
         EXPECT_FALSE(window.showInterharmonic());
-        window.step(1);
+        stepNow(window, 1);
         EXPECT_EQ(window.session().position(), tone);
         window.clickAt(3, 1.0);
         EXPECT_FALSE(window.session().hasStatistics());
@@ -389,6 +407,20 @@ TEST(TalWaveGraphPE, ProgressWindowAndTheOneBusyGuard)
     EXPECT_EQ(window.view(), 0);
     EXPECT_FALSE(window.isVisible());
     EXPECT_FALSE(fixture.work().busy());
+
+    // A close in the middle of a read, and the end of a window whose read still runs.
+    window.show();
+    window.step(1);
+    EXPECT_FALSE(window.close()) << "the window waits for the read";
+    lorvane::test::readDone(window);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(fixture.work().busy());
+    {
+        TalWaveGraphPE ending(fixture.scratch(), fixture.settingsFile(), fixture.work());
+        ASSERT_TRUE(ending.open(fixture.numbers(), fixture.series(), tone, "tone"));
+    }
+    EXPECT_FALSE(fixture.work().busy());
+    QApplication::processEvents();
     EXPECT_TRUE(messages.texts().isEmpty()) << messages.texts().join(u'\n').toStdString();
 }
 
@@ -396,7 +428,8 @@ TEST(TalWaveGraphPE, ExportsDataPicturesAndPrints)
 {
     WindowRun run;
     auto& [fixture, messages, scope, window] = run;
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
+    ASSERT_TRUE(
+        openNow(window, fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     window.show();
 
     window.buttons()->command(TalWaveGraphPE::ExportData)->click();
@@ -459,7 +492,7 @@ TEST(TalWaveGraphPE, YExtentsMoveAboutTheCentreWhenLocked)
 {
     WaveWindowFixture fixture;
     TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "first"));
+    ASSERT_TRUE(openNow(window, fixture.numbers(), fixture.series(), 0, "first"));
     WaveStripChart* chart = window.capturePage()->strip(0);
     frmSetYExtents extents(chart);
     EXPECT_EQ(extents.txtAdjustamount()->text(), QStringLiteral("10"));
@@ -488,7 +521,8 @@ TEST(TalWaveGraphPE, Fault1TheCursorStandsWhereTheClickWasAt512SamplesACycle)
 {
     WindowRun run;
     auto& [fixture, messages, scope, window] = run;
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(512), "range"));
+    ASSERT_TRUE(
+        openNow(window, fixture.numbers(), fixture.series(), fixture.periodic(512), "range"));
     window.show();
     window.setMark(1, 20.0);
     window.setMark(2, 60.0);
@@ -511,7 +545,7 @@ TEST(TalWaveGraphPE, Fault7BackFromTheInterharmonicViewKeepsTheCaptureAsItWasLef
 {
     WindowRun run;
     auto& [fixture, messages, scope, window] = run;
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(64), "tone"));
+    ASSERT_TRUE(openNow(window, fixture.numbers(), fixture.series(), fixture.periodic(64), "tone"));
     window.show();
     window.setMark(1, 5.0);
     window.clickAt(3, 1.0);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dialogs of the waveform window: display settings, properties and the composition set-up.
+#include "WaveWindowReads.h"
 #include "platform/UserMessages.h"
 #include "support/RecordingProgress.h"
 #include "support/TestEnvironment.h"
@@ -26,6 +27,7 @@
 #include <gtest/gtest.h>
 
 using namespace lorvane;
+using lorvane::test::openNow;
 using lorvane::test::WaveWindowFixture;
 
 TEST(WaveGraphSetup, OkWritesEveryKeyAndCancelNone)
@@ -70,7 +72,7 @@ TEST(WaveGraphSetup, OkWritesEveryKeyAndCancelNone)
 
     // The window follows the written mode: one overlay graph of the selected items.
     TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), 0, "overlay"));
+    ASSERT_TRUE(openNow(window, fixture.numbers(), fixture.series(), 0, "overlay"));
     EXPECT_EQ(window.graphNames(), QStringList{"Overlay graph"});
 }
 
@@ -78,7 +80,8 @@ TEST(WavePropertyFrm, RowsOfTheOpenCaptureAndCopy)
 {
     WaveWindowFixture fixture;
     TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
+    ASSERT_TRUE(
+        openNow(window, fixture.numbers(), fixture.series(), fixture.periodic(128), "sine"));
     const lorvane::WaveformRecord& record = window.capture().record();
     // The 128-per-cycle capture is wired as a wye: its drawing stands beside the Hookup row.
     const QString picture = lorvane::test::dataFolder() + QStringLiteral("/sysimage/") +
@@ -114,7 +117,7 @@ TEST(WaveGraphCompSetup, ComposesChannelsOfNeighbouringCaptures)
     ScopedUserMessages scope(messages);
     TalWaveGraphPE window(fixture.scratch(), fixture.settingsFile(), fixture.work());
     const int sine = fixture.periodic(128);
-    ASSERT_TRUE(window.open(fixture.numbers(), fixture.series(), sine, "sine"));
+    ASSERT_TRUE(openNow(window, fixture.numbers(), fixture.series(), sine, "sine"));
     window.show();
     window.setMark(1, 10.0);
     window.setMark(2, 30.0);
