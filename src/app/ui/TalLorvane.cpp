@@ -457,6 +457,7 @@ void TalLorvane::showSystemProperties()
         },
         this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setCurveLibrary(m_context.paths.progDataPath + QStringLiteral("/curves"));
     connect(dialog, &SysSetupFrm::helpRequested, this, &TalLorvane::showHelp);
     connect(dialog, &SysSetupFrm::settingsApplied, m_selection, &AllLogsFrm::settingsApplied);
     dialog->open();

@@ -11,6 +11,7 @@
 #include "pqgraph/ui/PqScatterPage.h"
 #include "query/WaveformSimMeters.h"
 #include "query/views/pq/PqView.h"
+#include "support/TestEnvironment.h"
 #include "support/ui/Screenshot.h"
 
 #include <QComboBox>
@@ -121,18 +122,26 @@ TEST(CBEMAGraph, PagesReadOutAndCopyOfTheQuerysEvents)
     }
 }
 
-TEST(CBEMAGraph, ABadBoundaryFileFallsBackOnTheCurveWithItsReason)
+TEST(CBEMAGraph, BoundaryFilesDrawTheirLinesOrFallBackOnTheCurveWithTheirReason)
 {
     Window w;
+    auto* recorded = dynamic_cast<RecordedMessages*>(&userMessages());
+    ASSERT_NE(recorded, nullptr);
+    recorded->clear();
+    // The ITI curve of the library: its two lines, one legend entry each, nothing to tell.
+    w.setting = {false, test::dataFolder() + QStringLiteral("/curves/ITIC.ini")};
+    w.window.showPage(CBEMAGraph_Ex1::Graph2d);
+    EXPECT_FALSE(w.window.session().envelope().builtIn);
+    EXPECT_EQ(w.window.scatterPage()->canvas()->seriesCount(), 8);
+    EXPECT_TRUE(recorded->texts().isEmpty());
+    ASSERT_TRUE(test::saveScreenshot(&w.window, QStringLiteral("pq-graph-2d-itic")));
+
     const QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("bad.ini"));
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("[qlmpqgraph]\nlines=1\nl1_set1_points=2\nl1_set1_xy1=0.01/50\nl1_set1_xy2=/5\n");
     file.close();
-    auto* recorded = dynamic_cast<RecordedMessages*>(&userMessages());
-    ASSERT_NE(recorded, nullptr);
-    recorded->clear();
     w.setting = {false, path};
     w.window.showPage(CBEMAGraph_Ex1::Graph2d);
     EXPECT_EQ(recorded->texts(),
