@@ -90,19 +90,6 @@ QList<QPointF> PqGraphSession::graphPoints(int channel) const
     return points;
 }
 
-const PqEvent* PqGraphSession::eventAt(int channel, const QPointF& point) const
-{
-    if (channel < 0 || channel >= PqEvents::channelCount)
-        return nullptr;
-    const QList<PqEvent>& events = m_events.at(channel);
-    for (const PqEvent& event : events) {
-        const double y = event.magnitudePercent == 0 ? zeroNudge : event.magnitudePercent;
-        if (qFuzzyCompare(event.durationSeconds, point.x()) && qFuzzyCompare(y, point.y()))
-            return &event;
-    }
-    return nullptr;
-}
-
 std::optional<qint64> PqGraphSession::captureOf(const PqEvent& event) const
 {
     if (!m_db || !m_cells)

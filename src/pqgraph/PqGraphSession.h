@@ -58,8 +58,6 @@ public:
     /// receives a bare zero. A channel without events gets the one point (0, 1e-7), which a
     /// logarithmic duration axis cannot show: the chart has data and shows none.
     QList<QPointF> graphPoints(int channel) const;
-    /// The event of `channel` drawn at `point` (as graphPoints gives it); null when none.
-    const PqEvent* eventAt(int channel, const QPointF& point) const;
     /// The capture of the loaded query whose trigger is `event`'s start on the same meter: its
     /// `RecCounter` in the query's waveform table; nothing when there is none or no query is
     /// loaded. Throws StorageError.

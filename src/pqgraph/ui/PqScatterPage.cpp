@@ -2,7 +2,7 @@
 #include "PqScatterPage.h"
 
 #include "ClassicPalette.h"
-#include "graph/ui/ChartCanvas.h"
+#include "PqScatterCanvas.h"
 #include "pqgraph/PqGraphSession.h"
 #include "pqgraph/PqGraphTexts.h"
 #include "pqgraph/PqPointSeries.h"
@@ -37,8 +37,8 @@ QString durationText(double seconds)
 } // namespace
 
 PqScatterPage::PqScatterPage(const PqGraphSession& session, QWidget* parent)
-    : QWidget(parent), m_session(session), m_canvas(new ChartCanvas), m_devices(new QLabel),
-      m_summary(new QLabel)
+    : QWidget(parent), m_session(session), m_canvas(new PqScatterCanvas(session)),
+      m_devices(new QLabel), m_summary(new QLabel)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -56,8 +56,11 @@ PqScatterPage::PqScatterPage(const PqGraphSession& session, QWidget* parent)
     m_canvas->chart()->setTitleFont(title);
     m_canvas->setZoomAxes(ChartCanvas::ZoomAxes::Both);
     m_canvas->setLimits({0.01, 1});
-    m_canvas->setValueText(
-        [this](const QString& name, const QPointF& value) { return valueText(name, value); });
+    // The pointer on a line of the envelope reads the line's corner.
+    m_canvas->setValueText([](const QString& name, const QPointF& value) {
+        return name + QStringLiteral(": ") + durationText(value.x()) + QStringLiteral(", ") +
+               QString::number(value.y(), 'f', 1) + QStringLiteral(" %");
+    });
     m_canvas->viewport()->installEventFilter(this);
 }
 
@@ -70,7 +73,8 @@ void PqScatterPage::redraw()
         dots->setColor(ClassicPalette::channel(c));
         dots->setBorderColor(ClassicPalette::channel(c).darker(140));
         dots->setMarkerSize(7);
-        m_canvas->addSeries(dots, std::make_shared<PqPointSeries>(m_session.graphPoints(c)));
+        // The canvas paints the events; the series gives the channel its legend entry.
+        m_canvas->addSeries(dots, std::make_shared<PqPointSeries>(QList<QPointF>{}));
     }
     QStringList named;
     for (const EnvelopePolyline& line : m_session.envelope().polylines) {
@@ -93,33 +97,15 @@ void PqScatterPage::redraw()
 
 QString PqScatterPage::hoverText() const
 {
-    return m_canvas->hoverText();
-}
-
-QString PqScatterPage::valueText(const QString& name, const QPointF& value) const
-{
-    for (int c = 0; c < PqEvents::channelCount; ++c) {
-        if (name != QLatin1String(PqEvents::channels().at(c).name))
-            continue;
-        if (const PqEvent* event = m_session.eventAt(c, value))
-            return m_session.eventText(c, *event);
-    }
-    return name + QStringLiteral(": ") + durationText(value.x()) + QStringLiteral(", ") +
-           QString::number(value.y(), 'f', 1) + QStringLiteral(" %");
+    return m_canvas->eventText().isEmpty() ? m_canvas->hoverText() : m_canvas->eventText();
 }
 
 bool PqScatterPage::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseButtonDblClick) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
-        if (const std::optional<PointHit> hit = m_canvas->hoverAt(mouse->position())) {
-            if (hit->series < PqEvents::channelCount) {
-                const QPointF value{std::pow(10.0, hit->point.x()), hit->point.y()};
-                const QList<PqEvent>& events = m_session.events().at(hit->series);
-                if (const PqEvent* found = m_session.eventAt(hit->series, value))
-                    emit eventActivated(hit->series, found - events.constData());
-            }
-        }
+        if (const std::optional<PqScatterCanvas::Hit> hit = m_canvas->eventAt(mouse->position()))
+            emit eventActivated(hit->channel, hit->index);
         return true;
     }
     return QWidget::eventFilter(watched, event);

@@ -7,7 +7,7 @@ class QLabel;
 
 namespace lorvane {
 
-class ChartCanvas;
+class PqScatterCanvas;
 class PqGraphSession;
 
 /// "PQ Graph - 2D": every event a point of its channel's colour on the magnitude/duration
@@ -23,7 +23,7 @@ public:
 
     /// Draws the session's events and envelope afresh.
     void redraw();
-    ChartCanvas* canvas() const { return m_canvas; }
+    PqScatterCanvas* canvas() const { return m_canvas; }
     /// The read-out of the point under the pointer (empty when none).
     QString hoverText() const;
 
@@ -35,10 +35,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QString valueText(const QString& name, const QPointF& value) const;
-
     const PqGraphSession& m_session;
-    ChartCanvas* m_canvas = nullptr;
+    PqScatterCanvas* m_canvas = nullptr;
     QLabel* m_devices = nullptr;
     QLabel* m_summary = nullptr;
 };

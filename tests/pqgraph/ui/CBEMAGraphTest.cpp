@@ -2,12 +2,12 @@
 // The power quality graph window on the PQ view of two simulated meters: the three pages of
 // Combo1, the read-out and capture of an event, the 3D view turned with the mouse, the sums
 // beside the histogram, Copy's files and the fallback message of a bad boundary line file.
-#include "graph/ui/ChartCanvas.h"
 #include "platform/UserMessages.h"
 #include "platform/WorkGuard.h"
 #include "pqgraph/ui/CBEMAGraph_Ex1.h"
 #include "pqgraph/ui/PqBarsPage.h"
 #include "pqgraph/ui/PqHistogramPage.h"
+#include "pqgraph/ui/PqScatterCanvas.h"
 #include "pqgraph/ui/PqScatterPage.h"
 #include "query/WaveformSimMeters.h"
 #include "query/views/pq/PqView.h"
@@ -66,7 +66,7 @@ TEST(CBEMAGraph, PagesReadOutAndCopyOfTheQuerysEvents)
 
     // 2D: six channel subsets and the two lines of the curve; the pointer over an event reads
     // it, and a double click on an event with a capture asks for that capture.
-    ChartCanvas* canvas = window.scatterPage()->canvas();
+    PqScatterCanvas* canvas = window.scatterPage()->canvas();
     EXPECT_EQ(canvas->seriesCount(), 8);
     ASSERT_TRUE(test::saveScreenshot(&window, QStringLiteral("pq-graph-2d")));
     const PqGraphSession& session = window.session();
