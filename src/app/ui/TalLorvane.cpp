@@ -158,10 +158,16 @@ void TalLorvane::createChildren()
                             if (frame)
                                 frame->showHelp(topic);
                         });
-    PqGraphMaker::add(m_context, [frame = QPointer<TalLorvane>(this)](const QString& topic) {
-        if (frame)
-            frame->showHelp(topic);
-    });
+    PqGraphMaker::add(
+        m_context,
+        [frame = QPointer<TalLorvane>(this)](const QString& topic) {
+            if (frame)
+                frame->showHelp(topic);
+        },
+        [frame = QPointer<TalLorvane>(this)](const GraphSelection& selection) {
+            if (frame)
+                frame->openGraph(selection);
+        });
 
     connect(m_selection, &AllLogsFrm::viewRequested, this,
             [this](const ViewDispatch::Request& request) {

@@ -15,6 +15,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QHBoxLayout>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -46,7 +47,11 @@ CBEMAGraph_Ex1::CBEMAGraph_Ex1(SqliteDatabase& scratch, WorkGuard& work, QWidget
     }
     connect(pressed[0], &QPushButton::clicked, this,
             [this] { emit helpRequested(QString::fromLatin1(helpTopic)); });
-    connect(pressed[1], &QPushButton::clicked, this, &QWidget::close);
+    connect(pressed[1], &QPushButton::clicked, this, [this] {
+        // In the frame the window sits in a child window, which goes with it.
+        auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
+        frame ? frame->close() : close();
+    });
     connect(pressed[2], &QPushButton::clicked, this, &CBEMAGraph_Ex1::print);
     connect(pressed[3], &QPushButton::clicked, this, &CBEMAGraph_Ex1::copy);
     connect(m_combo, &QComboBox::activated, this, &CBEMAGraph_Ex1::showPage);

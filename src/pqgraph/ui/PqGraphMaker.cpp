@@ -9,14 +9,14 @@
 
 namespace lorvane {
 
-void PqGraphMaker::add(RunContext& context, std::function<void(const QString& topic)> help)
+void PqGraphMaker::add(RunContext& context, std::function<void(const QString& topic)> help,
+                       std::function<void(const GraphSelection& selection)> openGraph)
 {
     GraphWindows::add(
         int(LogKind::PowerQuality),
-        [&context, help = std::move(help)](const GraphSelection& selection,
-                                           QWidget* parent) -> QWidget* {
+        [&context, help = std::move(help), openGraph = std::move(openGraph)](
+            const GraphSelection& selection, QWidget* parent) -> QWidget* {
             auto* window = new CBEMAGraph_Ex1(context.scratch->database(), context.work, parent);
-            window->setAttribute(Qt::WA_DeleteOnClose);
             // System Properties may change the curve while the window is open.
             window->setEnvelopeSetting([&context] {
                 return CBEMAGraph_Ex1::EnvelopeSetting{context.settings.useCBEMACurve,
@@ -24,18 +24,18 @@ void PqGraphMaker::add(RunContext& context, std::function<void(const QString& to
             });
             if (help)
                 QObject::connect(window, &CBEMAGraph_Ex1::helpRequested, window, help);
-            QObject::connect(
-                window, &CBEMAGraph_Ex1::captureRequested, window,
-                [window, caption = selection.caption](const QueryNumbers& numbers, qint64 capture) {
-                    GraphSelection wave;
-                    wave.logKind = int(LogKind::Waveform);
-                    wave.numbers = numbers;
-                    wave.rows = {{{QStringLiteral("RecCounter"), capture}}};
-                    wave.position = 0;
-                    wave.caption = caption;
-                    if (QWidget* opened = GraphWindows::open(wave, window->parentWidget()))
-                        opened->show();
-                });
+            if (openGraph)
+                QObject::connect(window, &CBEMAGraph_Ex1::captureRequested, window,
+                                 [openGraph, caption = selection.caption](
+                                     const QueryNumbers& numbers, qint64 capture) {
+                                     GraphSelection wave;
+                                     wave.logKind = int(LogKind::Waveform);
+                                     wave.numbers = numbers;
+                                     wave.rows = {{{QStringLiteral("RecCounter"), capture}}};
+                                     wave.position = 0;
+                                     wave.caption = caption;
+                                     openGraph(wave);
+                                 });
             if (!window->open(selection.numbers)) {
                 delete window;
                 return nullptr;
