@@ -126,7 +126,9 @@ QString CliOutput::usageText()
                           "  waveform --meter FILE --record N [--json] [--samples csv] "
                           "[--template PATH]   header or samples of one waveform capture\n"
                           "  pq-histogram --meter FILE [--meter FILE2] --from T --to T [--json] "
-                          "[--template PATH]   PQ events, count matrix and sums\n");
+                          "[--template PATH]   PQ events, count matrix and sums\n"
+                          "  graphs [--json]   the graphs by log kind with the view that loads "
+                          "their rows\n");
 }
 
 int CliOutput::usage(const QString& message)

@@ -7,11 +7,12 @@
 #include "FaultExitCode.h"
 #include "MeterArguments.h"
 #include "ScratchTemplate.h"
+#include "graph/GraphRegistry.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/StorageError.h"
 #include "query/engine/QueryContext.h"
-#include "query/views/waveform/WaveformView.h"
+#include "query/engine/ViewRegistry.h"
 #include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
 #include "waveform/InterharmonicAnalysis.h"
@@ -387,7 +388,15 @@ int WaveformCommand::run(const QStringList& arguments)
         context.tempLogRecSize = std::numeric_limits<int>::max();
         SilentProgress progress;
         context.progress = &progress;
-        const ViewResult view = WaveformView::run(context);
+        // The rows come from the view of the graph's kind, as &Graph of the log grid has them.
+        const GraphDefinition* graph = GraphRegistry::instance().find(QStringLiteral("waveform"));
+        const ViewDefinition* rows = graph ? GraphRegistry::rowsView(*graph) : nullptr;
+        if (!rows) {
+            CliOutput::error(QStringLiteral("no view loads the rows of the waveform graph"));
+            scratch->closeAndDelete();
+            return Failure;
+        }
+        const ViewResult view = rows->run(context, {}).first();
 
         WaveformCapture capture;
         const bool opened = capture.open(scratch->database(), view.numbers, o.record, &progress);

@@ -3,6 +3,7 @@
 #include "CliOutput.h"
 #include "CommandBoundary.h"
 #include "ExitCode.h"
+#include "GraphsCommand.h"
 #include "InfoCommand.h"
 #include "LabelCommand.h"
 #include "PqHistogramCommand.h"
@@ -37,6 +38,7 @@ int main(int argc, char* argv[])
         {QStringLiteral("label"), &lorvane::cli::LabelCommand::run},
         {QStringLiteral("waveform"), &lorvane::cli::WaveformCommand::run},
         {QStringLiteral("pq-histogram"), &lorvane::cli::PqHistogramCommand::run},
+        {QStringLiteral("graphs"), &lorvane::cli::GraphsCommand::run},
     };
     const Runner runner = commands.value(command);
     if (!runner)

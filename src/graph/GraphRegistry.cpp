@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "GraphRegistry.h"
 
+#include "query/engine/ViewRegistry.h"
 #include "store/LogKind.h"
 
 namespace lorvane {
@@ -37,6 +38,14 @@ const GraphDefinition* GraphRegistry::find(const QString& name) const
     for (const GraphDefinition& graph : m_graphs)
         if (graph.name == name)
             return &graph;
+    return nullptr;
+}
+
+const ViewDefinition* GraphRegistry::rowsView(const GraphDefinition& graph)
+{
+    for (const ViewDefinition& view : ViewRegistry::instance().views())
+        if (int(view.logKind) == graph.logKind)
+            return &view;
     return nullptr;
 }
 

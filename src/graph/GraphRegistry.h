@@ -7,6 +7,8 @@
 
 namespace lorvane {
 
+struct ViewDefinition;
+
 /// One kind of graph: the log kind (`LogKind`) whose rows it draws, and the stable lower-case
 /// name by which scripts and the command line call it.
 struct GraphDefinition
@@ -30,6 +32,10 @@ public:
     const GraphDefinition* find(const QString& name) const;
     /// The names in table order.
     QStringList names() const;
+    const QList<GraphDefinition>& graphs() const { return m_graphs; }
+    /// The view of `ViewRegistry` that loads the rows `graph` draws: the first view of the
+    /// graph's log kind; nullptr when none has it.
+    static const ViewDefinition* rowsView(const GraphDefinition& graph);
 
 private:
     GraphRegistry();

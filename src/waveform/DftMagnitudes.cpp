@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DftMagnitudes.h"
 
+#include "platform/LoadProgress.h"
 #include "platform/UserText.h"
 
 #include <cmath>
@@ -25,7 +26,7 @@ public:
 } // namespace
 
 int DftMagnitudes::compute(const std::vector<SpectrumRecord>& input,
-                           std::vector<SpectrumRecord>& output, int count, const Progress& progress)
+                           std::vector<SpectrumRecord>& output, int count, LoadProgress* progress)
 {
     if (count <= 0 || transformRunning)
         return 1;
@@ -47,8 +48,10 @@ int DftMagnitudes::compute(const std::vector<SpectrumRecord>& input,
     }
 
     const QString caption = userText("502000", "Calculating DFT");
-    if (progress)
-        progress(0, count, caption);
+    if (progress) {
+        progress->status(caption);
+        progress->advance(0, count);
+    }
     for (int k = 0; k < count; ++k) {
         SpectrumRecord& bin = output[static_cast<std::size_t>(k) + 1];
         for (int n = 0; n < count; ++n) {
@@ -57,10 +60,13 @@ int DftMagnitudes::compute(const std::vector<SpectrumRecord>& input,
             bin.real += x * cosTable[index];
             bin.imag -= x * sinTable[index];
         }
-        if (progress)
-            progress(k + 1, count,
-                     k % 5 == 0 ? caption + QStringLiteral(": %1/%2").arg(k).arg(count)
-                                : QString());
+        if (progress) {
+            if (k % 5 == 0)
+                progress->status(caption + QStringLiteral(": %1/%2").arg(k).arg(count));
+            progress->advance(k + 1, count);
+            if (progress->cancelRequested())
+                return 2;
+        }
     }
     for (int k = 1; k <= count; ++k) {
         SpectrumRecord& bin = output[static_cast<std::size_t>(k)];

@@ -3,11 +3,11 @@
 
 #include "SpectrumRecord.h"
 
-#include <QString>
-#include <functional>
 #include <vector>
 
 namespace lorvane {
+
+class LoadProgress;
 
 /// The table-driven quadratic discrete Fourier transform of real samples. Its numbers are part
 /// of the behaviour: pi is the literal 3.14159265, the angle step is held in single precision
@@ -16,19 +16,17 @@ namespace lorvane {
 class DftMagnitudes
 {
 public:
-    /// Told after each bin: `done` bins of `count` finished. A non-empty `caption` is a new
-    /// progress text ("Calculating DFT" at the start, "Calculating DFT: k/count" every fifth
-    /// bin); only then may the receiver pump pending window events.
-    using Progress = std::function<void(int done, int count, const QString& caption)>;
-
     /// Transforms `input[1..count]` (only `real` is read) into `output[1..count]`: `real` and
     /// `imag` are accumulated, so the caller passes zeroed records, and `magnitude` becomes
     /// |X[k - 1]| / count. Both vectors need at least count + 1 elements. Returns 0 when done;
     /// returns 1 with nothing done when count <= 0, a vector is too short, or a transform is
-    /// already running in this process (a pumped event that asks for a second one).
+    /// already running in this process (a pumped event that asks for a second one); returns 2
+    /// when `progress` was cancelled, the magnitudes then unset. `progress` gets the share of
+    /// bins done after each bin and a text ("Calculating DFT" at the start, "Calculating DFT:
+    /// k/count" every fifth bin); its cancel is asked at each bin.
     static int compute(const std::vector<SpectrumRecord>& input,
                        std::vector<SpectrumRecord>& output, int count,
-                       const Progress& progress = {});
+                       LoadProgress* progress = nullptr);
 };
 
 } // namespace lorvane

@@ -15,7 +15,8 @@ namespace lorvane {
 // fundamental of the table's result; the bound for any signal is about 2e-7 of the mean
 // absolute sample. Both are far inside the 1e-6 the two must agree to, so the exact transform
 // serves both windows and no rounded angle is reproduced here.
-std::vector<double> HarmonicSpectrum::magnitudes(std::span<const double> samples, Method method)
+std::vector<double> HarmonicSpectrum::magnitudes(std::span<const double> samples, Method method,
+                                                 LoadProgress* progress)
 {
     const std::size_t count = samples.size();
     if (count == 0)
@@ -25,7 +26,7 @@ std::vector<double> HarmonicSpectrum::magnitudes(std::span<const double> samples
         std::vector<SpectrumRecord> out(count + 1);
         for (std::size_t i = 0; i < count; ++i)
             in[i + 1].real = samples[i];
-        if (DftMagnitudes::compute(in, out, static_cast<int>(count)) != 0)
+        if (DftMagnitudes::compute(in, out, static_cast<int>(count), progress) != 0)
             return {};
         std::vector<double> result(count);
         for (std::size_t k = 0; k < count; ++k)

@@ -5,6 +5,7 @@
 #include "WaveformChannels.h"
 #include "WaveformRecord.h"
 #include "WaveformTimeBase.h"
+#include "platform/LoadProgress.h"
 #include "platform/UserText.h"
 
 #include <algorithm>
@@ -125,8 +126,21 @@ InterharmonicAnalysis::Preparation InterharmonicAnalysis::placeMark(WaveformReco
 
 InterharmonicAnalysis::Result
 InterharmonicAnalysis::run(WaveformRecord& record, const WaveformChannels& capture, int channel,
-                           const AdjacentRows& adjacentRows, HarmonicSpectrum::Method method) const
+                           const AdjacentRows& adjacentRows, HarmonicSpectrum::Method method,
+                           LoadProgress* progress) const
 {
+    // Shares of the run: the own samples, the following rows (read from the database, the
+    // slow part), the transform, the groups.
+    constexpr double ownDone = 0.1;
+    constexpr double rowsDone = 0.6;
+    constexpr double transformDone = 0.95;
+    // True when the run is to stop here; the share done so far is reported first.
+    const auto stopAt = [progress](double share) {
+        if (!progress)
+            return false;
+        progress->setFraction(share);
+        return progress->cancelRequested();
+    };
     Result result;
     result.frequency = m_systemFrequency;
     result.fundamentalBin = fundamentalBin();
@@ -155,6 +169,8 @@ InterharmonicAnalysis::run(WaveformRecord& record, const WaveformChannels& captu
     const int captureCount = std::min<int>(record.sampleCount, static_cast<int>(own.size()));
     int filled = copySampleRange(own, record.windowStart, result.samples, 0,
                                  std::min(windowLength, captureCount - record.windowStart));
+    if (stopAt(ownDone))
+        return {};
     const bool hasNext[] = {record.hasNext1, record.hasNext2};
     for (int direction = 0; direction < 2; ++direction) {
         if (filled >= windowLength || !hasNext[direction] || !adjacentRows)
@@ -167,6 +183,8 @@ InterharmonicAnalysis::run(WaveformRecord& record, const WaveformChannels& captu
         const QVector<float>& next = rows.samples[static_cast<std::size_t>(channel)];
         filled += copySampleRange(next, 0, result.samples, filled,
                                   std::min(windowLength - filled, record.sampleCount));
+        if (stopAt(ownDone + (rowsDone - ownDone) * (direction + 1) / 2))
+            return {};
     }
 
     const double step = 1.0 / record.sampleRate / 60 * 1000;
@@ -177,7 +195,13 @@ InterharmonicAnalysis::run(WaveformRecord& record, const WaveformChannels& captu
     // The extra sample of the window is drawn but not transformed.
     const int count = windowLength - 1;
     std::vector<double> input(result.samples.cbegin(), result.samples.cbegin() + count);
-    const std::vector<double> magnitude = HarmonicSpectrum::magnitudes(input, method);
+    std::optional<ProgressShare> transforming;
+    if (progress)
+        transforming.emplace(*progress, rowsDone, transformDone);
+    const std::vector<double> magnitude =
+        HarmonicSpectrum::magnitudes(input, method, transforming ? &*transforming : nullptr);
+    if (stopAt(transformDone))
+        return {};
 
     const int bins = BankersRounding::toInt(count / 2.0);
     const int f = fundamentalBin();
@@ -204,6 +228,8 @@ InterharmonicAnalysis::run(WaveformRecord& record, const WaveformChannels& captu
             }
     }
     fillGraphs(result, record.sampleRate);
+    if (progress)
+        progress->setFraction(1);
     result.ok = true;
     return result;
 }

@@ -10,6 +10,7 @@
 
 namespace lorvane {
 
+class LoadProgress;
 struct WaveformChannels;
 struct WaveformRecord;
 
@@ -89,10 +90,13 @@ public:
     /// The whole analysis of `channel` (0 to 6) of `capture`. `adjacentRows` serves the
     /// contiguous rows; it may be empty when the capture needs none. A wrong channel, a device
     /// type without interharmonics or a window that does not fit gives `ok` false and the
-    /// message, and nothing is computed. Leaves `capture` untouched.
+    /// message, and nothing is computed. Leaves `capture` untouched. `progress` gets the share
+    /// done (the following rows read, the transform's bins) and its cancel is asked after each
+    /// step: a cancelled run gives `ok` false with no message.
     Result run(WaveformRecord& record, const WaveformChannels& capture, int channel,
                const AdjacentRows& adjacentRows,
-               HarmonicSpectrum::Method method = HarmonicSpectrum::Method::Fast) const;
+               HarmonicSpectrum::Method method = HarmonicSpectrum::Method::Fast,
+               LoadProgress* progress = nullptr) const;
 
     /// Pointer text over the trace at `ms` milliseconds: "Duration = 1.234 ms".
     static QString traceHotSpot(double ms);

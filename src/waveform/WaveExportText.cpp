@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WaveExportText.h"
 
+#include "platform/LoadProgress.h"
 #include "platform/UserText.h"
 
 #include <QStringList>
 
 namespace lorvane {
 
-QString WaveExportText::text(const WaveformChannels& channels, const Progress& progress)
+QString WaveExportText::text(const WaveformChannels& channels, LoadProgress* progress)
 {
     constexpr int progressStep = 4096;
     QStringList header{userText("503130", "Sample Point") + QStringLiteral(" #")};
@@ -20,8 +21,11 @@ QString WaveExportText::text(const WaveformChannels& channels, const Progress& p
     const int count = channels.sampleCount();
     out.reserve(out.size() + count * 96);
     for (int i = 0; i < count; ++i) {
-        if (progress && i % progressStep == 0 && !progress(i, count))
-            return QString();
+        if (progress && i % progressStep == 0) {
+            progress->advance(i, count);
+            if (progress->cancelRequested())
+                return QString();
+        }
         out += QString::number(i);
         for (int c = 0; c < WaveformChannels::analogCount; ++c) {
             out += u'\t';

@@ -284,19 +284,19 @@ void WaveGraphSession::resetInterharmonicMark()
     m_capture.record().windowStart = 0;
 }
 
-InterharmonicAnalysis::Result
-WaveGraphSession::runInterharmonic(const std::function<void()>& stepTaken)
+InterharmonicAnalysis::Result WaveGraphSession::runInterharmonic(LoadProgress* progress)
 {
     const WaveformCapture& capture = m_capture;
     InterharmonicAnalysis::Result result;
     try {
         result = m_interharmonic.run(
             m_capture.record(), m_capture.channels(), m_focus,
-            [&capture, &stepTaken](int direction, int loadChannel, WaveformChannels& rows) {
-                if (stepTaken)
-                    stepTaken();
+            [&capture, progress](int direction, int loadChannel, WaveformChannels& rows) {
+                if (progress)
+                    progress->status(userText("505016", "Reading the following capture"));
                 return capture.loadAdjacent(direction, loadChannel, rows);
-            });
+            },
+            HarmonicSpectrum::Method::Fast, progress);
     } catch (const StorageError& error) {
         // A following row that cannot be read ends the analysis with the engine's words.
         result = {};

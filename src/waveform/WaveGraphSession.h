@@ -148,8 +148,10 @@ public:
     void resetInterharmonicMark();
     /// The interharmonic analysis of the focus channel; the device type comes first, then the
     /// fit. The capture's own arrays are left as they are.
-    /// Never throws: a row that cannot be read ends it with the engine's message.
-    InterharmonicAnalysis::Result runInterharmonic(const std::function<void()>& stepTaken = {});
+    /// Never throws: a row that cannot be read ends it with the engine's message. `progress`
+    /// gets the share done and a text before each following capture is read; its cancel stops
+    /// the run half-way with nothing shown.
+    InterharmonicAnalysis::Result runInterharmonic(LoadProgress* progress = nullptr);
 
     /// RMS over the whole capture of each recorded analog channel, with its label: the level
     /// the interharmonic percentages stand against.

@@ -4,6 +4,7 @@
 #include "WaveformRecord.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
+#include "query/engine/EventCellText.h"
 #include "store/StampedTime.h"
 
 #include <QLocale>
@@ -29,11 +30,16 @@ std::optional<WavePqEvent> WavePqLink::find(SqliteDatabase& scratch, const Query
     const QString table = numbers.sliceTable(QStringLiteral("PQLog_"));
     if (!scratch.tables().contains(table))
         return std::nullopt;
+    // A split-log meter's PQ records come from another file of the query than its captures:
+    // every file of the capture's meter counts.
+    QStringList devices;
+    for (const qint64 device : EventCellText(scratch, numbers, {}).sameMeter(record.deviceIndex))
+        devices << QString::number(device);
     SqlStatement row = scratch.prepare(
-        QStringLiteral("SELECT * FROM %1 WHERE [DeviceIndex]=? AND [WaveformLink]<>0 AND "
+        QStringLiteral("SELECT * FROM %1 WHERE [DeviceIndex] IN (%2) AND [WaveformLink]<>0 AND "
                        "[SWNumber]<=? AND [EWNumber]>=? ORDER BY [StartDate/Time], [Startms]")
-            .arg(SqlIdentifier::quote(table)));
-    row.bindAll({record.deviceIndex, record.waveformNumber, record.waveformNumber});
+            .arg(SqlIdentifier::quote(table), devices.join(QLatin1Char(','))));
+    row.bindAll({record.waveformNumber, record.waveformNumber});
     if (!row.next())
         return std::nullopt;
     WavePqEvent event;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "waveform/DftMagnitudes.h"
 
+#include "support/RecordingProgress.h"
 #include "waveform/HarmonicSpectrum.h"
 
 #include <QStringList>
@@ -118,27 +119,41 @@ TEST(DftMagnitudes, ProgressGuardAndBadCounts)
     for (int n = 1; n <= count; ++n)
         in[static_cast<std::size_t>(n)].real = n % 3;
     std::vector<SpectrumRecord> out(count + 1);
-    QStringList captions;
-    std::vector<int> done;
-    int nested = -1;
-    const int code = DftMagnitudes::compute(in, out, count, [&](int d, int c, const QString& t) {
-        EXPECT_EQ(c, count);
-        done.push_back(d);
-        if (!t.isEmpty())
-            captions.append(t);
-        // An event pumped during the run that asks for another transform is turned away.
-        if (d == 3) {
-            std::vector<SpectrumRecord> other(count + 1);
-            nested = DftMagnitudes::compute(in, other, count);
+    // An event served during the run that asks for another transform is turned away; a
+    // cancel stops the run at the bin it is asked.
+    struct Watcher : RecordingProgress
+    {
+        const std::vector<SpectrumRecord>* in = nullptr;
+        int nested = -1;
+        int cancelAt = -1;
+
+    protected:
+        void showFraction(std::optional<double> fraction) override
+        {
+            RecordingProgress::showFraction(fraction);
+            if (fractions.size() == 4) {
+                std::vector<SpectrumRecord> other(count + 1);
+                nested = DftMagnitudes::compute(*in, other, count);
+            }
+            if (int(fractions.size()) == cancelAt)
+                requestCancel();
         }
-    });
-    EXPECT_EQ(code, 0);
-    EXPECT_EQ(nested, 1);
-    EXPECT_EQ(captions, QStringList({"Calculating DFT", "Calculating DFT: 0/12",
-                                     "Calculating DFT: 5/12", "Calculating DFT: 10/12"}));
-    ASSERT_EQ(done.size(), static_cast<std::size_t>(count + 1));
-    EXPECT_EQ(done.front(), 0);
-    EXPECT_EQ(done.back(), count);
+    };
+    Watcher watcher;
+    watcher.in = &in;
+    EXPECT_EQ(DftMagnitudes::compute(in, out, count, &watcher), 0);
+    EXPECT_EQ(watcher.nested, 1);
+    EXPECT_EQ(watcher.texts, QStringList({"Calculating DFT", "Calculating DFT: 0/12",
+                                          "Calculating DFT: 5/12", "Calculating DFT: 10/12"}));
+    ASSERT_EQ(watcher.fractions.size(), count + 1);
+    EXPECT_EQ(watcher.fractions.front(), 0);
+    EXPECT_EQ(watcher.fractions.back(), 1);
+    Watcher cancelling;
+    cancelling.in = &in;
+    cancelling.cancelAt = 6;
+    std::vector<SpectrumRecord> stopped(count + 1);
+    EXPECT_EQ(DftMagnitudes::compute(in, stopped, count, &cancelling), 2);
+    EXPECT_EQ(cancelling.fractions.size(), 6) << "stopped at the bin the cancel came";
     // DC of 0,1,2,0,1,2,... (n from 1): mean 1.
     EXPECT_NEAR(out[1].magnitude, 1.0, 1e-12);
     // The guard is cleared at the end: the next call runs.

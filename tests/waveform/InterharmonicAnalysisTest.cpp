@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "waveform/InterharmonicAnalysis.h"
 
+#include "support/RecordingProgress.h"
 #include "waveform/WaveformChannels.h"
 #include "waveform/WaveformRecord.h"
 
@@ -146,6 +147,49 @@ TEST(InterharmonicAnalysis, WindowLengthsAndFitRules)
     EXPECT_EQ(record.windowStart, 100);
     EXPECT_FALSE(InterharmonicAnalysis::placeMark(record, 600 * 0.2604167).ok);
     EXPECT_EQ(record.windowStart, 100);
+}
+
+TEST(InterharmonicAnalysis, ReportsItsShareAndACancelStopsItHalfWay)
+{
+    /// Raises the cancel at its `at`-th share.
+    struct Cancelling : RecordingProgress
+    {
+        int at = -1;
+
+    protected:
+        void showFraction(std::optional<double> fraction) override
+        {
+            RecordingProgress::showFraction(fraction);
+            if (int(fractions.size()) == at)
+                requestCancel();
+        }
+    };
+    struct Case
+    {
+        int cancelAt;
+        bool ok;
+        std::size_t rowsRead;
+    };
+    // Fault: the run told no share and saw a cancel only at its end, after the following row
+    // had been read and the spectrum made.
+    for (const Case& c : {Case{-1, true, 1}, Case{1, false, 0}, Case{2, false, 1}}) {
+        ContiguousCaptures captures(512, 4096, 2, tones(512, 12, {{18, 5.0}}));
+        Cancelling progress;
+        progress.at = c.cancelAt;
+        const auto result = InterharmonicAnalysis(60).run(
+            captures.record, captures.capture, captures.channel, captures.rows(),
+            HarmonicSpectrum::Method::Quadratic, &progress);
+        EXPECT_EQ(result.ok, c.ok) << c.cancelAt;
+        EXPECT_TRUE(result.message.isEmpty()) << c.cancelAt;
+        EXPECT_EQ(captures.requests.size(), c.rowsRead) << c.cancelAt;
+        EXPECT_TRUE(std::is_sorted(progress.fractions.cbegin(), progress.fractions.cend()));
+        if (c.ok) {
+            EXPECT_GT(progress.fractions.size(), 100) << "the transform's bins are told";
+            EXPECT_EQ(progress.fractions.last(), 1);
+        } else {
+            EXPECT_EQ(int(progress.fractions.size()), c.cancelAt);
+        }
+    }
 }
 
 TEST(InterharmonicAnalysis, WindowCrossesARowBoundaryAndTheToneLandsInItsGroup)

@@ -3,6 +3,8 @@
 
 #include "query/selection/SplitLogMeter.h"
 
+#include <algorithm>
+
 namespace lorvane {
 
 QList<LogFileEntry> LogFileList::expand(const QList<LogFileEntry>& files, int queryKind)
@@ -34,6 +36,31 @@ QList<LogFileEntry> LogFileList::expand(const QList<LogFileEntry>& files, int qu
     for (int i = 0; i < result.size(); ++i)
         result[i].deviceIndex = i;
     return result;
+}
+
+LogFileList::CaptureFiles LogFileList::withPqRecords(const QList<LogFileEntry>& files)
+{
+    CaptureFiles out;
+    out.pq = expand(files, pqFileOnlyKind);
+    out.captures = expand(files, int(LogKind::Waveform));
+    out.all = out.pq;
+    for (const LogFileEntry& entry : std::as_const(out.captures)) {
+        if (std::none_of(out.all.cbegin(), out.all.cend(),
+                         [&](const LogFileEntry& known) { return known.dbPath == entry.dbPath; }))
+            out.all << entry;
+    }
+    for (int i = 0; i < out.all.size(); ++i)
+        out.all[i].deviceIndex = i;
+    // Each part takes the index of its file in the whole list.
+    for (QList<LogFileEntry>* part : {&out.pq, &out.captures}) {
+        for (LogFileEntry& entry : *part) {
+            for (const LogFileEntry& known : std::as_const(out.all)) {
+                if (known.dbPath == entry.dbPath)
+                    entry.deviceIndex = known.deviceIndex;
+            }
+        }
+    }
+    return out;
 }
 
 const LogFileEntry* LogFileList::fileOfDevice(const QList<LogFileEntry>& files, qint64 deviceIndex)

@@ -39,11 +39,12 @@ StatusView::Loader StatusView::withMomentSnapshot(Loader load)
 }
 
 ViewResult StatusView::run(QueryContext& context, LogKind kind, const Loader& load,
-                           const Grids& grids)
+                           const Grids& grids, const Expand& expand)
 {
     // An unknown sort item is refused before any meter file is read.
     sortState(context, kind);
-    QList<LogFileEntry> files = LogFileList::expand(context.files, static_cast<int>(kind));
+    QList<LogFileEntry> files =
+        expand ? expand(context.files) : LogFileList::expand(context.files, static_cast<int>(kind));
     ViewResult result;
     result.logKind = kind;
     result.numbers = QueryCatalog(*context.scratch)

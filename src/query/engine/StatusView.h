@@ -24,10 +24,14 @@ public:
     /// calls it again without reading a meter file.
     using Grids = std::function<QList<GridTable>(QueryContext&, const QueryNumbers&)>;
 
-    /// Runs one fresh query of `kind`. Throws StorageError when a statement fails and Fault
-    /// when the context's sort item is not one of the kind's.
+    /// The query's files made from the selection's (a split-log meter becomes its log files).
+    using Expand = std::function<QList<LogFileEntry>(const QList<LogFileEntry>&)>;
+
+    /// Runs one fresh query of `kind` over the files `expand` gives (by default
+    /// `LogFileList::expand` for the kind). Throws StorageError when a statement fails and
+    /// Fault when the context's sort item is not one of the kind's.
     static ViewResult run(QueryContext& context, LogKind kind, const Loader& load,
-                          const Grids& grids);
+                          const Grids& grids, const Expand& expand = {});
     /// The sort state the context asks for: its sort item ("" for Date/Time) and direction.
     /// Throws Fault (Other) naming an item the kind does not have.
     static SortState sortState(const QueryContext& context, LogKind kind);

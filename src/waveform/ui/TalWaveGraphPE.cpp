@@ -248,7 +248,8 @@ QStringList TalWaveGraphPE::graphNames() const
 
 void TalWaveGraphPE::exportData()
 {
-    m_dialogs.exportData(m_session, windowTitle());
+    m_progress.run(m_work, userText("505020", "Copying the samples"), true,
+                   [this] { m_dialogs.exportData(m_session, windowTitle(), &m_progress); });
 }
 
 void TalWaveGraphPE::exportPicture()
@@ -298,8 +299,7 @@ bool TalWaveGraphPE::showInterharmonic()
     InterharmonicAnalysis::Result result;
     if (!m_progress.run(m_work, userText("505014", "Interharmonic analysis"), true, [&] {
             m_progress.status(userText("505015", "Reading the interharmonic window"));
-            result = m_session.runInterharmonic(
-                [this] { m_progress.status(userText("505016", "Reading the following capture")); });
+            result = m_session.runInterharmonic(&m_progress);
             m_progress.status(userText("505017", "Drawing the interharmonic graphs"));
         }))
         return false;

@@ -32,15 +32,15 @@ int WaveGraphDialogs::run(QDialog& dialog)
     return m_runDialog ? m_runDialog(dialog) : dialog.exec();
 }
 
-void WaveGraphDialogs::exportData(const WaveGraphSession& session, const QString& title)
+void WaveGraphDialogs::exportData(const WaveGraphSession& session, const QString& title,
+                                  LoadProgress* progress)
 {
     if (!session.isOpen())
         return;
-    QApplication::clipboard()->setText(
-        WaveExportText::text(session.capture().channels(), [](int, int) {
-            QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-            return true;
-        }));
+    const QString text = WaveExportText::text(session.capture().channels(), progress);
+    if (text.isEmpty())
+        return;
+    QApplication::clipboard()->setText(text);
     userMessages().show(userText("503436", "Data may be in OS`s Clipboard. Select Paste in your "
                                            "application to see the data."),
                         UserMessages::Icon::Information, title);

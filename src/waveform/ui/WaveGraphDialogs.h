@@ -12,6 +12,7 @@ class QWidget;
 
 namespace lorvane {
 
+class LoadProgress;
 class WaveGraphSession;
 class YExtentsTarget;
 
@@ -31,8 +32,9 @@ public:
     void setPrintFile(const QString& path) { m_printFile = path; }
     void setDialogRunner(std::function<int(QDialog&)> runner) { m_runDialog = std::move(runner); }
 
-    /// Export &Data: the sample table to the clipboard, then the information.
-    void exportData(const WaveGraphSession& session, const QString& title);
+    /// Export &Data: the sample table to the clipboard, then the information; nothing when
+    /// `progress` was cancelled.
+    void exportData(const WaveGraphSession& session, const QString& title, LoadProgress* progress);
     /// &Export Picture: choose one of `graphs`, then a PNG or SVG file.
     void exportPicture(const Graphs& graphs, const QString& title);
     /// Graph `index` of `graphs` to `path` (".svg" SVG, else PNG).

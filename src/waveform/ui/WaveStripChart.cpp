@@ -234,6 +234,19 @@ void WaveStripChart::drawForeground(QPainter* painter, const QRectF& rect)
     const QColor ink = m_foreground.isValid() ? m_foreground : QColor(Qt::black);
     painter->setPen(QPen(ink, 1, Qt::DashLine));
     const QFontMetrics metrics(painter->font());
+    m_textBoxes.clear();
+    // A text that would cover one drawn before (the duration between the marks running into
+    // their ">>") moves down a line until it is clear.
+    const auto place = [&](QPointF baseline, const QString& text) {
+        QRectF box(baseline.x(), baseline.y() - metrics.ascent(), metrics.horizontalAdvance(text),
+                   metrics.height());
+        const auto covers = [&box](const QRectF& other) { return other.intersects(box); };
+        while (std::any_of(m_textBoxes.cbegin(), m_textBoxes.cend(), covers) &&
+               box.bottom() + metrics.height() < plot.bottom())
+            box.translate(0, metrics.height());
+        m_textBoxes << box;
+        painter->drawText(QPointF(box.left(), box.top() + metrics.ascent()), text);
+    };
     for (const WaveMarks::Annotation& a : std::as_const(m_annotations)) {
         const QPointF at = chart()->mapToPosition(QPointF(a.x, m_y->max()));
         if (at.x() < plot.left() - 1 || at.x() > plot.right() + 1)
@@ -244,22 +257,22 @@ void WaveStripChart::drawForeground(QPainter* painter, const QRectF& rect)
         case 'h': {
             painter->setPen(QPen(a.placement == u'h' ? QColor(Qt::red) : ink, 1, Qt::DashLine));
             painter->drawLine(QPointF(at.x(), plot.top()), QPointF(at.x(), plot.bottom()));
-            painter->drawText(QPointF(at.x() + 2, plot.top() + metrics.ascent()), a.text);
+            place(QPointF(at.x() + 2, plot.top() + metrics.ascent()), a.text);
             painter->setPen(QPen(ink, 1, Qt::DashLine));
             break;
         }
         case 'r':
-            painter->drawText(QPointF(at.x() - width, plot.center().y()), a.text);
+            place(QPointF(at.x() - width, plot.center().y()), a.text);
             break;
         case 't':
         case 'b': {
             const double y = a.placement == u't' ? plot.top() + 2 * metrics.height()
                                                  : plot.bottom() - metrics.descent();
-            painter->drawText(QPointF(at.x() + 2, y), a.text);
+            place(QPointF(at.x() + 2, y), a.text);
             break;
         }
         default:
-            painter->drawText(QPointF(at.x(), plot.center().y()), a.text);
+            place(QPointF(at.x(), plot.center().y()), a.text);
             break;
         }
     }

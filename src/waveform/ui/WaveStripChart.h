@@ -63,6 +63,9 @@ public:
     void setTextBlock(const QString& text);
     const QString& textBlock() const { return m_textBlock; }
     const QList<WaveMarks::Annotation>& annotations() const { return m_annotations; }
+    /// Where the annotations' texts stood when the strip was last drawn (widget scene
+    /// coordinates); no two overlap.
+    const QList<QRectF>& annotationTextBoxes() const { return m_textBoxes; }
     /// Number of points the chart holds now, over all curves.
     int pointsShown() const;
     /// Text shown while the pointer rests on a point of a curve at `x` ms.
@@ -97,6 +100,7 @@ private:
     QValueAxis* m_y = nullptr;
     QList<Curve> m_curves;
     QList<WaveMarks::Annotation> m_annotations;
+    QList<QRectF> m_textBoxes;
     QString m_textBlock;
     bool m_manualY = false;
     ZoomMode m_zoomMode = ZoomMode::Horizontal;

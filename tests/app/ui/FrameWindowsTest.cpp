@@ -40,6 +40,7 @@
 #include <QRegularExpression>
 #include <QTableView>
 #include <QTimer>
+#include <QtTest/QTest>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -439,6 +440,8 @@ TEST(FrameWindows, AWaveformRowOpensItsCaptureInAWindowOfItsOwn)
     ASSERT_NE(child, nullptr);
     auto* waveform = qobject_cast<lorvane::TalWaveGraphPE*>(child->widget());
     ASSERT_NE(waveform, nullptr);
+    // The capture is read off the window thread; the window stands meanwhile.
+    EXPECT_TRUE(QTest::qWaitFor([waveform] { return !waveform->reading(); }, 30000));
     EXPECT_TRUE(waveform->windowTitle().contains("#")) << waveform->windowTitle().toStdString();
     EXPECT_EQ(child->geometry(), frame->mdiArea()->viewport()->rect());
     EXPECT_TRUE(lorvane::test::saveScreenshot(frame, "main-frame-waveform"));

@@ -539,6 +539,17 @@ TEST(TalWaveGraphPE, Fault1TheCursorStandsWhereTheClickWasAt512SamplesACycle)
     lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-512-cursor-details"));
     window.setDetailsOn(false);
     lorvane::test::saveScreenshot(&window, QStringLiteral("waveform-512-cursor-marks"));
+    // Fault: "Duration = 40.00ms" between the marks ran into their ">>"; no text of a strip
+    // covers another.
+    WaveStripChart* strip = window.capturePage()->strip(0);
+    strip->grab();
+    const QList<QRectF>& boxes = strip->annotationTextBoxes();
+    EXPECT_EQ(boxes.size(), strip->annotations().size());
+    for (qsizetype i = 0; i < boxes.size(); ++i)
+        for (qsizetype j = i + 1; j < boxes.size(); ++j)
+            EXPECT_FALSE(boxes[i].intersects(boxes[j]))
+                << strip->annotations()[i].text.toStdString() << " covers "
+                << strip->annotations()[j].text.toStdString();
 }
 
 TEST(TalWaveGraphPE, Fault7BackFromTheInterharmonicViewKeepsTheCaptureAsItWasLeft)

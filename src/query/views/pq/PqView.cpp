@@ -14,41 +14,13 @@
 
 namespace lorvane {
 
-namespace {
-
-/// Gives every entry of `part` the device index of the entry with the same file in `all`.
-QList<LogFileEntry> indexedLike(QList<LogFileEntry> part, const QList<LogFileEntry>& all)
-{
-    for (LogFileEntry& entry : part) {
-        for (const LogFileEntry& known : all) {
-            if (known.dbPath == entry.dbPath)
-                entry.deviceIndex = known.deviceIndex;
-        }
-    }
-    return part;
-}
-
-} // namespace
-
 ViewResult PqView::run(QueryContext& context)
 {
     constexpr LogKind kind = LogKind::PowerQuality;
-    // A split-log meter keeps PQ records and captures in different files: the query's device
-    // list holds the PQ files, then the capture files not already among them, so that every
-    // row's device index names the file it came from.
-    const QList<LogFileEntry> pqPart =
-        LogFileList::expand(context.files, LogFileList::pqFileOnlyKind);
-    const QList<LogFileEntry> wavePart = LogFileList::expand(context.files, int(LogKind::Waveform));
-    QList<LogFileEntry> all = pqPart;
-    for (const LogFileEntry& entry : wavePart) {
-        if (std::none_of(all.cbegin(), all.cend(),
-                         [&](const LogFileEntry& known) { return known.dbPath == entry.dbPath; }))
-            all << entry;
-    }
-    for (int i = 0; i < all.size(); ++i)
-        all[i].deviceIndex = i;
-    QList<LogFileEntry> pqFiles = indexedLike(pqPart, all);
-    QList<LogFileEntry> waveFiles = indexedLike(wavePart, all);
+    const LogFileList::CaptureFiles files = LogFileList::withPqRecords(context.files);
+    const QList<LogFileEntry>& all = files.all;
+    QList<LogFileEntry> pqFiles = files.pq;
+    QList<LogFileEntry> waveFiles = files.captures;
 
     SqliteDatabase& db = context.scratch->database();
     ViewResult result;

@@ -4,6 +4,7 @@
 #include "WaveformGrid.h"
 #include "WaveformLoader.h"
 #include "WaveformSettings.h"
+#include "query/engine/LogFileList.h"
 #include "query/engine/QueryContext.h"
 #include "query/engine/StatusView.h"
 #include "query/views/pq/PqLoader.h"
@@ -14,9 +15,12 @@ namespace lorvane {
 
 ViewResult WaveformView::run(QueryContext& context)
 {
+    // A split-log meter keeps its PQ records in another file than its captures: the query
+    // reads both, so that a capture finds the event it belongs to.
     const auto load = [](QueryContext& c, QList<LogFileEntry>& files, const QueryNumbers& numbers) {
-        const DayWalk::Result walk = WaveformLoader::load(c, files, numbers);
-        PqLoader::load(c, files, numbers);
+        LogFileList::CaptureFiles parts = LogFileList::withPqRecords(c.files);
+        const DayWalk::Result walk = WaveformLoader::load(c, parts.captures, numbers);
+        PqLoader::load(c, parts.pq, numbers);
         PqLoader::linkCaptures(c.scratch->database(), numbers);
         const QStringList logs{numbers.sliceTable(QStringLiteral("WaveformLog_"))};
         SqliteDatabase& db = c.scratch->database();
@@ -24,7 +28,9 @@ ViewResult WaveformView::run(QueryContext& context)
         FullScalesLoader::load(db, files, numbers, logs);
         return walk;
     };
-    return StatusView::run(context, LogKind::Waveform, load, &WaveformView::grids);
+    return StatusView::run(
+        context, LogKind::Waveform, load, &WaveformView::grids,
+        [](const QList<LogFileEntry>& files) { return LogFileList::withPqRecords(files).all; });
 }
 
 QList<GridTable> WaveformView::grids(QueryContext& context, const QueryNumbers& numbers)
