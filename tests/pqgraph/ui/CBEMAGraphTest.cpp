@@ -83,6 +83,7 @@ TEST(CBEMAGraph, PagesReadOutAndCopyOfTheQuerysEvents)
                 << window.scatterPage()->hoverText().toStdString();
             if (!session.captureOf(event))
                 continue;
+            ASSERT_TRUE(test::saveScreenshot(&window, QStringLiteral("pq-graph-2d-hover")));
             QTest::mouseDClick(canvas->viewport(), Qt::LeftButton, {}, at);
             ++linked;
             break;
