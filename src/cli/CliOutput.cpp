@@ -132,6 +132,8 @@ QString CliOutput::usageText()
                           "[--format csv|json]   the EN 50160 test list\n"
                           "  en50160 evaluate --meter FILE --test ID [--json]   page verdicts, "
                           "voltage events and totals of one test\n"
+                          "  pq-histogram --meter FILE [--meter FILE2] --from T --to T [--json] "
+                          "[--template PATH]   PQ events, count matrix and sums\n"
                           "  graphs [--json]   the graphs by log kind with the view that loads "
                           "their rows\n");
 }

@@ -5,6 +5,7 @@
 #include "CommandBoundary.h"
 #include "ExitCode.h"
 #include "FaultExitCode.h"
+#include "MeterArguments.h"
 #include "ScratchTemplate.h"
 #include "graph/GraphRegistry.h"
 #include "platform/Fault.h"
@@ -12,16 +13,12 @@
 #include "platform/StorageError.h"
 #include "query/engine/QueryContext.h"
 #include "query/engine/ViewRegistry.h"
-#include "query/selection/MeterInventory.h"
-#include "query/selection/SplitLogMeter.h"
-#include "store/MeterDatabase.h"
 #include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
 #include "waveform/InterharmonicAnalysis.h"
 #include "waveform/WaveformCapture.h"
 #include "waveform/WaveformStatistics.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -368,24 +365,12 @@ int WaveformCommand::run(const QStringList& arguments)
         return code;
     if (o.templatePath.isEmpty())
         o.templatePath = installedTemplate();
-    if (!QFileInfo(o.meter).isFile()) {
-        CliOutput::error(QStringLiteral("file not found: ") + o.meter);
-        return FileMissing;
-    }
     try {
         // A split-log meter is opened through its system event database, as the selection
         // window does; the view then finds its capture logs beside it.
-        const QString path = SplitLogMeter::isDeviceMasterLog(o.meter)
-                                 ? SplitLogMeter::systemEventPath(o.meter)
-                                 : o.meter;
-        MeterDatabase meter(path);
-        const DeviceRecord device = MeterInventory::read(meter, 0);
-        LogFileEntry entry;
-        entry.dbPath = QFileInfo(path).absoluteFilePath();
-        entry.deviceTypeId = device.deviceTypeId;
-        entry.hardwareName = device.hardwareName;
-        entry.used = true;
-        entry.deviceIndex = 0;
+        const std::optional<LogFileEntry> entry = MeterArguments::open(o.meter, 0);
+        if (!entry)
+            return FileMissing;
 
         QTemporaryDir scratchFolder;
         if (!scratchFolder.isValid()) {
@@ -397,7 +382,7 @@ int WaveformCommand::run(const QStringList& arguments)
         // Every capture of the file, whatever its day, in one slice.
         QueryContext context;
         context.scratch = scratch.get();
-        context.files << entry;
+        context.files << *entry;
         context.start = QDateTime(QDate(1980, 1, 1), QTime(0, 0, 0));
         context.end = QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59));
         context.tempLogRecSize = std::numeric_limits<int>::max();

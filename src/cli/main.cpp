@@ -8,6 +8,7 @@
 #include "InfoCommand.h"
 #include "LabelCommand.h"
 #include "PowerGraphCommand.h"
+#include "PqHistogramCommand.h"
 #include "QueryCommand.h"
 #include "SetupCommand.h"
 #include "StatusCommand.h"
@@ -40,6 +41,7 @@ int main(int argc, char* argv[])
         {QStringLiteral("waveform"), &lorvane::cli::WaveformCommand::run},
         {QStringLiteral("power-graph"), &lorvane::cli::PowerGraphCommand::run},
         {QStringLiteral("en50160"), &lorvane::cli::En50160Command::run},
+        {QStringLiteral("pq-histogram"), &lorvane::cli::PqHistogramCommand::run},
         {QStringLiteral("graphs"), &lorvane::cli::GraphsCommand::run},
     };
     const Runner runner = commands.value(command);

@@ -17,6 +17,9 @@ GraphRegistry::GraphRegistry()
          QStringLiteral("up to six snapshot items round a dial or over time (circular, XY)")},
         {int(LogKind::Demand), QStringLiteral("power-graph-demand"),
          QStringLiteral("up to six demand items round a dial or over time (circular, XY)")},
+        {int(LogKind::PowerQuality), QStringLiteral("pq"),
+         QStringLiteral("power quality events by magnitude and duration against an envelope, "
+                        "their counts in 3D and the magnitude histogram")},
     };
 }
 

@@ -145,4 +145,40 @@ AxisTicks NiceTicks::time(const AxisRange& range, int maxTicks)
     return {Unit::Year, years, 0, monthStarts(range, static_cast<int>(years) * 12)};
 }
 
+AxisTicks NiceTicks::decades(const AxisRange& range, int maxTicks)
+{
+    AxisTicks ticks;
+    ticks.unit = Unit::Number;
+    ticks.step = 1;
+    if (!(range.span() >= 0) || !std::isfinite(range.min) || !std::isfinite(range.max))
+        return ticks;
+    const double first = std::ceil(range.min - slack);
+    const double last = std::floor(range.max + slack);
+    const int whole = last >= first ? int(last - first) + 1 : 0;
+    if (whole >= 3) {
+        const int every = whole - 1 <= std::max(1, maxTicks) ? 1
+                          : whole - 1 <= 2 * maxTicks        ? 2
+                                                             : 5;
+        ticks.step = every;
+        for (double e = std::ceil(first / every) * every; e <= last; e += every)
+            ticks.values << e;
+        return ticks;
+    }
+    // Within a few decades the multiples of each decade stand in for the missing ones.
+    const QVector<QVector<int>> multiples{{1, 2, 5}, {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    for (const QVector<int>& set : multiples) {
+        ticks.values.clear();
+        for (double e = std::floor(range.min); e <= range.max; ++e) {
+            for (const int m : set) {
+                const double value = e + std::log10(double(m));
+                if (value >= range.min - slack && value <= range.max + slack)
+                    ticks.values << value;
+            }
+        }
+        if (ticks.values.size() >= 3)
+            break;
+    }
+    return ticks;
+}
+
 } // namespace lorvane

@@ -46,6 +46,12 @@ public:
     static AxisTicks linear(const AxisRange& range, int maxTicks);
     /// Ticks of a wall-clock time axis over `range` (milliseconds, see above).
     static AxisTicks time(const AxisRange& range, int maxTicks);
+    /// Ticks of a logarithmic axis whose `range` is given in decades (log10 of the values):
+    /// at whole decades, every second or fifth decade when more than `maxTicks` intervals
+    /// would be needed; a range that holds fewer than three decades adds 2 and 5 times each
+    /// decade, and then the other multiples 1 to 9, so that a zoomed axis keeps its ticks. The
+    /// tick values are decades too (log10 2 for a tick at 2).
+    static AxisTicks decades(const AxisRange& range, int maxTicks);
 };
 
 } // namespace lorvane

@@ -426,6 +426,16 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
             action.selection.caption = entry.result.rangeText;
         }
         break;
+    case LogKind::PowerQuality:
+        // The graph draws every event of the query, whichever row is chosen; with none it
+        // shows the envelope alone.
+        action.kind = GraphAction::Kind::Graph;
+        action.selection.logKind = int(entry.logKind);
+        action.selection.numbers = entry.result.numbers;
+        action.selection.rows = grid.rowKeys;
+        action.selection.position = selected ? row : 0;
+        action.selection.caption = entry.result.rangeText;
+        break;
     case LogKind::Relays:
         // The relay logic tree is not built yet: the messages before it are answered, and
         // the window keeps the button disabled.

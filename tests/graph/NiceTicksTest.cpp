@@ -3,6 +3,7 @@
 #include "graph/NiceTicks.h"
 
 #include <QDateTime>
+#include <cmath>
 #include <gtest/gtest.h>
 
 using namespace lorvane;
@@ -97,4 +98,27 @@ TEST(NiceTicks, TimeTicksFollowTheClockAndCalendarOfTheMeter)
     // Times no calendar holds give no ticks (and no endless walk over invalid dates).
     EXPECT_TRUE(NiceTicks::time({-1e17, 0}, 5).values.isEmpty());
     EXPECT_TRUE(NiceTicks::time({0, 1e300}, 5).values.isEmpty());
+}
+
+TEST(NiceTicks, LogarithmicAxesTickAtDecadesAndTheirMultiplesWhenZoomed)
+{
+    struct Case
+    {
+        const char* name;
+        AxisRange range;
+        int maxTicks;
+        QVector<double> values; ///< as 10^value
+    };
+    const Case cases[] = {
+        {"1 us to 100 s", {-6, 2}, 10, {1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1, 10, 100}},
+        {"narrow: every second decade", {-6, 2}, 4, {1e-6, 1e-4, 1e-2, 1, 100}},
+        {"between decades", {-3.5, -1.2}, 8, {5e-4, 1e-3, 2e-3, 5e-3, 1e-2, 2e-2, 5e-2}},
+        {"inside one decade", {std::log10(2.5), std::log10(7.5)}, 8, {3, 4, 5, 6, 7}},
+    };
+    for (const Case& c : cases) {
+        const AxisTicks ticks = NiceTicks::decades(c.range, c.maxTicks);
+        ASSERT_EQ(ticks.values.size(), c.values.size()) << c.name;
+        for (int i = 0; i < c.values.size(); ++i)
+            EXPECT_NEAR(std::pow(10.0, ticks.values[i]), c.values[i], c.values[i] * 1e-9) << c.name;
+    }
 }

@@ -269,6 +269,9 @@ TEST(LogViewSession, CaptionsTitlesAndGraphMessagesOfEachKind)
         EXPECT_TRUE(session.result().grids.first().rows.isEmpty());
         EXPECT_FALSE(session.result().grids.first().columns.isEmpty());
         EXPECT_EQ(session.graph(-1).message, QString::fromLatin1(e.emptyGraph));
+        // The PQ graph opens on an empty query too: the envelope alone.
+        EXPECT_EQ(session.graph(-1).kind == LogViewSession::GraphAction::Kind::Graph,
+                  kind == LogKind::PowerQuality);
     }
     EXPECT_EQ(LogViewTexts::windowTitle(QStringLiteral("Lorvane"), LogKind::DatabaseStatus),
               QStringLiteral("Lorvane - [Database Status]"));
@@ -344,6 +347,11 @@ TEST(LogViewSession, WaveformHandOverDetailsAndStatusTexts)
         const auto list = session.rowDetail(0, 0);
         ASSERT_TRUE(list.has_value());
         EXPECT_EQ(list->caption, QStringLiteral("Show Waveforms"));
+        // &Graph draws the whole query, with or without a chosen row.
+        const LogViewSession::GraphAction pq = session.graph(-1);
+        ASSERT_EQ(pq.kind, LogViewSession::GraphAction::Kind::Graph);
+        EXPECT_EQ(pq.selection.logKind, int(LogKind::PowerQuality));
+        EXPECT_EQ(pq.selection.numbers.query, session.result().numbers.query);
     }
 
     // Inputs: the input setting of the row.

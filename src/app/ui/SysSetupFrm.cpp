@@ -3,9 +3,11 @@
 
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
+#include "pqgraph/CurveLibrary.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -130,7 +132,26 @@ QWidget* SysSetupFrm::buildGeneralPage()
                  m_dataFormat);
     form->addRow(userText("309073", "PQ Graph Boundary Line File"),
                  withButton(m_curveFile, m_browseCurve));
+    m_curveLibrary = new QComboBox(page);
+    connect(m_curveLibrary, &QComboBox::activated, this, [this](int index) {
+        const QString path = m_curveLibrary->itemData(index).toString();
+        if (!path.isEmpty())
+            m_curveFile->setText(QDir::toNativeSeparators(path));
+    });
+    form->addRow(userText("309095", "Curve library"), m_curveLibrary);
+    setCurveLibrary({});
     return page;
+}
+
+void SysSetupFrm::setCurveLibrary(const QString& folder)
+{
+    m_curveLibrary->clear();
+    const QList<CurveLibrary::Entry> files = CurveLibrary::files(folder);
+    m_curveLibrary->addItem(files.isEmpty() ? userText("309096", "(no curves delivered)")
+                                            : userText("309097", "(choose a curve)"));
+    for (const CurveLibrary::Entry& entry : files)
+        m_curveLibrary->addItem(entry.name, entry.path);
+    m_curveLibrary->setEnabled(!files.isEmpty());
 }
 
 void SysSetupFrm::showFields()

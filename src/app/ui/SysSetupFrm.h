@@ -46,6 +46,10 @@ public:
     QLineEdit* curveFileEdit() const { return m_curveFile; }
     QPushButton* folderBrowseButton() const { return m_browseFolder; }
     QPushButton* curveBrowseButton() const { return m_browseCurve; }
+    /// Offers the boundary line files of `folder` (the program data's curve library) in the
+    /// "Curve library" list; choosing one puts its path into the boundary line file field.
+    void setCurveLibrary(const QString& folder);
+    QComboBox* curveLibraryList() const { return m_curveLibrary; }
 
 signals:
     /// "&Help" was pressed.
@@ -75,6 +79,7 @@ private:
     QLineEdit* m_curveFile = nullptr;
     QPushButton* m_browseFolder = nullptr;
     QPushButton* m_browseCurve = nullptr;
+    QComboBox* m_curveLibrary = nullptr;
 };
 
 } // namespace lorvane

@@ -18,6 +18,7 @@
 #include "platform/UserText.h"
 #include "platform/ui/SingleInstanceChannel.h"
 #include "powergraph/ui/PGraphMaker.h"
+#include "pqgraph/ui/PqGraphMaker.h"
 #include "store/TempQueryDatabase.h"
 #include "waveform/ui/WaveGraphMaker.h"
 #include "waveform/ui/WaveGraphSetup.h"
@@ -153,15 +154,17 @@ void TalLorvane::createChildren()
     m_progress->hide();
     // The graph windows make themselves known for their kinds; &Graph of the grid opens them
     // by kind.
-    WaveGraphMaker::add(m_context, m_progress,
-                        [frame = QPointer<TalLorvane>(this)](const QString& topic) {
-                            if (frame)
-                                frame->showHelp(topic);
-                        });
-    PGraphMaker::add(m_context, [frame = QPointer<TalLorvane>(this)](const QString& topic) {
+    const auto help = [frame = QPointer<TalLorvane>(this)](const QString& topic) {
         if (frame)
             frame->showHelp(topic);
-    });
+    };
+    WaveGraphMaker::add(m_context, m_progress, help);
+    PGraphMaker::add(m_context, help);
+    PqGraphMaker::add(m_context, help,
+                      [frame = QPointer<TalLorvane>(this)](const GraphSelection& selection) {
+                          if (frame)
+                              frame->openGraph(selection);
+                      });
 
     connect(m_selection, &AllLogsFrm::viewRequested, this,
             [this](const ViewDispatch::Request& request) {
@@ -457,6 +460,7 @@ void TalLorvane::showSystemProperties()
         },
         this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setCurveLibrary(m_context.paths.progDataPath + QStringLiteral("/curves"));
     connect(dialog, &SysSetupFrm::helpRequested, this, &TalLorvane::showHelp);
     connect(dialog, &SysSetupFrm::settingsApplied, m_selection, &AllLogsFrm::settingsApplied);
     dialog->open();

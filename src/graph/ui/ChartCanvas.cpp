@@ -13,6 +13,7 @@
 #include <QXYSeries>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace lorvane {
 
@@ -71,6 +72,30 @@ void ChartCanvas::setWallClockX(bool wallClock)
     showView();
 }
 
+void ChartCanvas::setLogX(bool logX)
+{
+    m_logX = logX;
+    showView();
+}
+
+void ChartCanvas::setXTickText(std::function<QString(double)> text)
+{
+    m_xTickText = std::move(text);
+    showView();
+}
+
+double ChartCanvas::toAxis(double x) const
+{
+    if (!m_logX)
+        return x;
+    return x > 0 ? std::log10(x) : std::numeric_limits<double>::quiet_NaN();
+}
+
+double ChartCanvas::fromAxis(double x) const
+{
+    return m_logX ? std::pow(10.0, x) : x;
+}
+
 void ChartCanvas::setTitles(const QString& title, const QString& xTitle, const QString& yTitle)
 {
     chart()->setTitle(title);
@@ -125,7 +150,7 @@ int ChartCanvas::pointsShown() const
 
 void ChartCanvas::setBounds(const Viewport& bounds)
 {
-    m_zoom.setBounds(bounds);
+    m_zoom.setBounds({{toAxis(bounds.x.min), toAxis(bounds.x.max)}, bounds.y});
     showView();
 }
 
@@ -229,8 +254,13 @@ void ChartCanvas::setMarks(const QList<ChartMark>& marks)
 
 void ChartCanvas::setCursorX(std::optional<double> x)
 {
-    m_cursor = x;
+    m_cursor = x ? std::optional<double>(toAxis(*x)) : std::nullopt;
     viewport()->update();
+}
+
+std::optional<double> ChartCanvas::cursorX() const
+{
+    return m_cursor ? std::optional<double>(fromAxis(*m_cursor)) : std::nullopt;
 }
 
 QStringList ChartCanvas::cursorReadout() const
@@ -239,7 +269,7 @@ QStringList ChartCanvas::cursorReadout() const
     if (!m_cursor)
         return lines;
     for (const Bound& bound : m_series) {
-        if (const std::optional<QPointF> sample = bound.data->sampleNear(*m_cursor))
+        if (const std::optional<QPointF> sample = bound.data->sampleNear(fromAxis(*m_cursor)))
             lines << pointText(bound, *sample);
     }
     return lines;
@@ -310,7 +340,8 @@ std::optional<PointHit> ChartCanvas::hoverAt(const QPointF& position)
                                 plot.height() / view.y.span(), hoverRadius);
     if (m_hover) {
         const Bound& bound = m_series[m_hover->series];
-        m_hoverText = pointText(bound, bound.look->at(m_hover->index));
+        const QPointF shown = bound.look->at(m_hover->index);
+        m_hoverText = pointText(bound, {fromAxis(shown.x()), shown.y()});
     } else {
         m_hoverText.clear();
     }
@@ -326,7 +357,18 @@ void ChartCanvas::showView()
     const QRectF plot = chart()->plotArea();
     m_x->setRange(view.x.min, view.x.max);
     m_y->setRange(view.y.min, view.y.max);
-    fillTicks(m_x, view.x, m_wallClock, std::max(2, int(plot.width() / xTickPixels)));
+    if (m_logX) {
+        for (const QString& label : m_x->categoriesLabels())
+            m_x->remove(label);
+        m_x->setStartValue(view.x.min);
+        for (const double value :
+             NiceTicks::decades(view.x, std::max(2, int(plot.width() / xTickPixels))).values) {
+            const double real = fromAxis(value);
+            m_x->append(m_xTickText ? m_xTickText(real) : TickLabels::value(real, false), value);
+        }
+    } else {
+        fillTicks(m_x, view.x, m_wallClock, std::max(2, int(plot.width() / xTickPixels)));
+    }
     fillTicks(m_y, view.y, false, std::max(2, int(plot.height() / yTickPixels)));
     if (m_rightUsed) {
         const AxisRange right = rightView();
@@ -335,8 +377,20 @@ void ChartCanvas::showView()
     }
     m_filledColumns = static_cast<int>(plot.width());
     const int columns = std::max(1, m_filledColumns);
-    for (const Bound& bound : std::as_const(m_series))
-        bound.look->replace(bound.data->points(view.x.min, view.x.max, columns));
+    for (const Bound& bound : std::as_const(m_series)) {
+        QList<QPointF> points =
+            bound.data->points(fromAxis(view.x.min), fromAxis(view.x.max), columns);
+        if (m_logX) {
+            QList<QPointF> onAxis;
+            onAxis.reserve(points.size());
+            for (const QPointF& p : points) {
+                if (p.x() > 0)
+                    onAxis.append({std::log10(p.x()), p.y()});
+            }
+            points = std::move(onAxis);
+        }
+        bound.look->replace(points);
+    }
     m_hover.reset();
     m_hoverText.clear();
     viewport()->update();
@@ -408,8 +462,9 @@ void ChartCanvas::drawForeground(QPainter* painter, const QRectF& rect)
         return true;
     };
     for (const ChartMark& mark : std::as_const(m_marks)) {
-        if (vertical(mark.x, mark.color))
-            painter->drawText(plotPointOf({mark.x, view.y.max}) + QPointF(3, metrics.ascent() + 2),
+        if (vertical(toAxis(mark.x), mark.color))
+            painter->drawText(plotPointOf({toAxis(mark.x), view.y.max}) +
+                                  QPointF(3, metrics.ascent() + 2),
                               mark.text);
     }
     // The read-out starts a line lower than the marks' texts, which it would cover.
@@ -479,7 +534,7 @@ void ChartCanvas::mouseReleaseEvent(QMouseEvent* event)
     m_band->hide();
     event->accept();
     if ((end - start).manhattanLength() <= clickSlack) {
-        const double x = valueAt(end).x();
+        const double x = fromAxis(valueAt(end).x());
         setCursorX(x);
         emit cursorMoved(x);
         return;
@@ -525,7 +580,8 @@ void ChartCanvas::contextMenuEvent(QContextMenuEvent* event)
     if (!m_menuHook)
         return;
     QMenu menu(this);
-    m_menuHook(&menu, valueAt(event->pos()));
+    const QPointF at = valueAt(event->pos());
+    m_menuHook(&menu, {fromAxis(at.x()), at.y()});
     if (!menu.isEmpty())
         menu.exec(event->globalPos());
 }

@@ -60,6 +60,14 @@ public:
     /// x as numbers, or as wall-clock milliseconds (meter time, no zone).
     void setWallClockX(bool wallClock);
     bool wallClockX() const { return m_wallClock; }
+    /// x on a logarithmic scale (durations from microseconds to minutes): ticks at decades,
+    /// zoom and pan by decades. Every x the canvas takes and gives stays a value (seconds, not
+    /// their logarithm), but for valueAt and positionOf, which work on the axis (decades);
+    /// x values that are not above 0 are not drawn.
+    void setLogX(bool logX);
+    bool logX() const { return m_logX; }
+    /// The label of an x tick at `value`; the default labels numbers as TickLabels does.
+    void setXTickText(std::function<QString(double value)> text);
     void setTitles(const QString& title, const QString& xTitle, const QString& yTitle);
     void setRightTitle(const QString& title);
     /// A unit appended to the values of the axis' series in the default point text ("230 V").
@@ -100,7 +108,7 @@ public:
 
     /// Cursor at `x` (nothing: no cursor).
     void setCursorX(std::optional<double> x);
-    std::optional<double> cursorX() const { return m_cursor; }
+    std::optional<double> cursorX() const;
     /// Lines of the cursor read-out: each series' name and the value of its sample nearest to
     /// the cursor, in the values of the series' own axis.
     QStringList cursorReadout() const;
@@ -110,7 +118,8 @@ public:
     /// Fills the right-click menu with the window's entries for a click at `value`.
     void setContextMenuHook(std::function<void(QMenu* menu, const QPointF& value)> hook);
 
-    /// Chart values (y of `axis`) at a widget position, and back.
+    /// Chart values (y of `axis`) at a widget position, and back (on a logarithmic x axis, x
+    /// in decades).
     QPointF valueAt(const QPointF& position, YAxis axis = YAxis::Left) const;
     QPointF positionOf(const QPointF& value, YAxis axis = YAxis::Left) const;
     /// Hover as the pointer at `position` (a widget position): the point shown, if any.
@@ -152,6 +161,9 @@ private:
     QRect bandFor(const QPoint& from, const QPoint& to) const;
     /// Chart coordinates of a chart value.
     QPointF plotPointOf(const QPointF& value) const;
+    /// An x value on the axis (its decade on a logarithmic axis), and back.
+    double toAxis(double x) const;
+    double fromAxis(double x) const;
 
     QCategoryAxis* m_x = nullptr;
     QCategoryAxis* m_y = nullptr;
@@ -163,6 +175,9 @@ private:
     ZoomState m_zoom;
     ZoomAxes m_zoomAxes = ZoomAxes::Horizontal;
     bool m_wallClock = false;
+    bool m_logX = false;
+    std::function<QString(double)> m_xTickText;
+    /// On the axis: in decades on a logarithmic x axis.
     std::optional<double> m_cursor;
     QList<ChartMark> m_marks;
     std::function<QString(const QString&, const QPointF&)> m_valueText;

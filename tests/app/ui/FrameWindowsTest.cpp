@@ -17,6 +17,9 @@
 #include "platform/UserText.h"
 #include "platform/WorkGuard.h"
 #include "platform/ui/SingleInstanceChannel.h"
+#include "pqgraph/ui/CBEMAGraph_Ex1.h"
+#include "pqgraph/ui/PqScatterCanvas.h"
+#include "pqgraph/ui/PqScatterPage.h"
 #include "support/TestEnvironment.h"
 #include "support/TestMeters.h"
 #include "support/ui/Screenshot.h"
@@ -41,6 +44,7 @@
 #include <QTableView>
 #include <QTimer>
 #include <QtTest/QTest>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -450,6 +454,57 @@ TEST(FrameWindows, AWaveformRowOpensItsCaptureInAWindowOfItsOwn)
     child->close();
     QApplication::processEvents();
     EXPECT_EQ(int(frame->mdiArea()->subWindowList().size()), before);
+}
+
+TEST(FrameWindows, PqGraphOpensFromTheGridAndItsEventsCaptureInTheWaveformWindow)
+{
+    FrameRun run;
+    ASSERT_TRUE(run.simulateMeter());
+    // LOGID 5 is the Power Quality button.
+    TalLorvane* frame =
+        run.start("LOGID:5 FRT:030424000000 LRT:030624000000 \"" + run.meterPath() + "\"");
+    ASSERT_NE(frame, nullptr);
+    lorvane::TalHistView* grid = frame->gridWindow();
+    ASSERT_EQ(grid->logKind(), LogKind::PowerQuality);
+    const int before = int(frame->mdiArea()->subWindowList().size());
+    grid->command(lorvane::TalHistView::GraphCommand)->click();
+    ASSERT_EQ(int(frame->mdiArea()->subWindowList().size()), before + 1);
+    auto* pq =
+        qobject_cast<lorvane::CBEMAGraph_Ex1*>(frame->mdiArea()->activeSubWindow()->widget());
+    ASSERT_NE(pq, nullptr);
+    ASSERT_GT(lorvane::PqEvents::count(pq->session().events()), 0);
+
+    // A double click on an event with a capture opens that capture in a window of its own.
+    lorvane::PqScatterCanvas* canvas = pq->scatterPage()->canvas();
+    bool opened = false;
+    for (int c = 0; c < lorvane::PqEvents::channelCount && !opened; ++c) {
+        for (const lorvane::PqEvent& event : pq->session().events()[c]) {
+            if (!pq->session().captureOf(event))
+                continue;
+            QTest::mouseDClick(
+                canvas->viewport(), Qt::LeftButton, {},
+                canvas->positionOf({std::log10(event.durationSeconds), event.magnitudePercent})
+                    .toPoint());
+            opened = true;
+            break;
+        }
+    }
+    ASSERT_TRUE(opened);
+    ASSERT_EQ(int(frame->mdiArea()->subWindowList().size()), before + 2);
+    auto* waveform =
+        qobject_cast<lorvane::TalWaveGraphPE*>(frame->mdiArea()->activeSubWindow()->widget());
+    ASSERT_NE(waveform, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([waveform] { return !waveform->reading(); }, 30000));
+
+    // &Cancel closes the graph's child window.
+    QMdiSubWindow* pqChild = qobject_cast<QMdiSubWindow*>(pq->parentWidget());
+    ASSERT_NE(pqChild, nullptr);
+    frame->mdiArea()->setActiveSubWindow(pqChild);
+    for (QPushButton* button : pq->findChildren<QPushButton*>())
+        if (button->text() == QStringLiteral("&Cancel"))
+            button->click();
+    QApplication::processEvents();
+    EXPECT_EQ(int(frame->mdiArea()->subWindowList().size()), before + 1);
 }
 
 TEST(FrameWindows, OpenLogRequestsAreTakenOneAtATime)

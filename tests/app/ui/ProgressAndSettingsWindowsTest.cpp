@@ -4,6 +4,7 @@
 #include "app/ui/WaitFrm.h"
 #include "app/ui/frmProgress.h"
 #include "platform/UserMessages.h"
+#include "support/TestEnvironment.h"
 #include "support/ui/Screenshot.h"
 
 #include <QCheckBox>
@@ -128,6 +129,15 @@ TEST(SystemPropertiesWindow, ApplyWritesTheSectionAndReadsItBack)
     dialog.loadOnStartupBox()->setChecked(true);
     dialog.folderBrowseButton()->click();
     dialog.curveBrowseButton()->click(); // cancelled: the field stays
+    // The curve library fills the boundary line file field with the chosen curve's path.
+    dialog.setCurveLibrary(lorvane::test::dataFolder() + "/curves");
+    QComboBox* library = dialog.curveLibraryList();
+    const int itic = library->findText("ITIC");
+    ASSERT_GT(itic, 0);
+    library->setCurrentIndex(itic);
+    emit library->activated(itic);
+    const QString curve = QDir::toNativeSeparators(library->itemData(itic).toString());
+    EXPECT_EQ(dialog.curveFileEdit()->text(), curve);
     dialog.maxDevicesEdit()->setText("5");
     dialog.maxDataPointsEdit()->setText("99");
     dialog.dataFormatBox()->setCurrentText("0.000");
@@ -149,6 +159,7 @@ TEST(SystemPropertiesWindow, ApplyWritesTheSectionAndReadsItBack)
     EXPECT_TRUE(written.contains("MaxDeviceLogNumber=2"));
     EXPECT_TRUE(written.contains("TempLogRecSize=100"));
     EXPECT_TRUE(written.contains("Dataformat=0.000"));
+    EXPECT_TRUE(written.contains("UserPQCurveFile=" + curve)) << written.toStdString();
     // Re-read: the run-wide settings and the fields hold the clamped values.
     EXPECT_TRUE(settings.autoLoadDBs);
     EXPECT_EQ(settings.maxDeviceLogNumber, 2);

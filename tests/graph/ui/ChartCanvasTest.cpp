@@ -12,9 +12,11 @@
 #include "support/ui/Screenshot.h"
 
 #include <QApplication>
+#include <QCategoryAxis>
 #include <QDateTime>
 #include <QLineSeries>
 #include <QMenu>
+#include <QScatterSeries>
 #include <QTimer>
 #include <QtTest/QTest>
 #include <cmath>
@@ -221,6 +223,35 @@ TEST_F(ChartCanvasTest, CursorHoverAndMenuShowTheValuesOfTheSamples)
                                 top->viewport()->mapToGlobal(click));
     QApplication::sendEvent(top->viewport(), &menuEvent);
     EXPECT_NEAR(asked.x(), top->valueAt(click).x(), 1);
+}
+
+TEST(ChartCanvas, LogarithmicXTicksAtDecadesAndReadsValuesBack)
+{
+    ChartCanvas canvas;
+    canvas.setLogX(true);
+    canvas.setXTickText([](double value) { return QStringLiteral("t%1").arg(value); });
+    auto* dots = new QScatterSeries;
+    dots->setName(QStringLiteral("dots"));
+    // A point at 0 has no place on a logarithmic axis: it is left out, the others drawn.
+    canvas.addSeries(dots, std::make_shared<SeriesPyramid<double>>(
+                               QVector<double>{0, 1e-5, 1e-2, 10}, QVector<double>{5, 10, 20, 30}));
+    canvas.setBounds({{1e-6, 100}, {0, 40}});
+    canvas.resize(1200, 500);
+    canvas.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&canvas));
+    EXPECT_EQ(canvas.pointsShown(), 3);
+    auto* x = qobject_cast<QCategoryAxis*>(canvas.chart()->axes(Qt::Horizontal).first());
+    ASSERT_NE(x, nullptr);
+    EXPECT_EQ(x->categoriesLabels(), (QStringList{"t1e-06", "t1e-05", "t0.0001", "t0.001", "t0.01",
+                                                  "t0.1", "t1", "t10", "t100"}));
+    // Decades are equally wide, and the pointer over a point reads its value, not its decade.
+    const double decade = canvas.positionOf({-1, 0}).x() - canvas.positionOf({-2, 0}).x();
+    EXPECT_NEAR(canvas.positionOf({1, 0}).x() - canvas.positionOf({0, 0}).x(), decade, 1);
+    QTest::mouseMove(canvas.viewport(), canvas.positionOf({-2, 20}).toPoint());
+    EXPECT_EQ(canvas.hoverText(), QStringLiteral("dots: 0.01, 20"));
+    QTest::mouseClick(canvas.viewport(), Qt::LeftButton, {}, canvas.positionOf({1, 20}).toPoint());
+    ASSERT_TRUE(canvas.cursorX().has_value());
+    EXPECT_NEAR(*canvas.cursorX(), 10, 0.5);
 }
 
 TEST(ChartCanvasRightAxis, BothAxesZoomInTheirOwnScaleAndReadOutTheirOwnValues)
