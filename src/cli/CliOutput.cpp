@@ -124,7 +124,12 @@ QString CliOutput::usageText()
                           "[--template PATH] [--dictionary PATH]   the grids of a view "
                           "(snapshots, demand, ...)\n"
                           "  waveform --meter FILE --record N [--json] [--samples csv] "
-                          "[--template PATH]   header or samples of one waveform capture\n");
+                          "[--template PATH]   header or samples of one waveform capture\n"
+                          "  trend --meter FILE [--meter FILE2] --points ID,... --from T --to T "
+                          "[--demand] [--extents default|nonzero|intelligent] [--json] "
+                          "[--out FILE.csv]   the trend's sets and axis extents\n"
+                          "  overview --meter FILE [--analyze] [--json]   the historical "
+                          "overview; --analyze writes its tables into the meter file\n");
 }
 
 int CliOutput::usage(const QString& message)

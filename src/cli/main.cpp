@@ -5,9 +5,11 @@
 #include "ExitCode.h"
 #include "InfoCommand.h"
 #include "LabelCommand.h"
+#include "OverviewCommand.h"
 #include "QueryCommand.h"
 #include "SetupCommand.h"
 #include "StatusCommand.h"
+#include "TrendCommand.h"
 #include "UpgradeCommand.h"
 #include "WaveformCommand.h"
 
@@ -35,6 +37,8 @@ int main(int argc, char* argv[])
         {QStringLiteral("setup"), &lorvane::cli::SetupCommand::run},
         {QStringLiteral("label"), &lorvane::cli::LabelCommand::run},
         {QStringLiteral("waveform"), &lorvane::cli::WaveformCommand::run},
+        {QStringLiteral("trend"), &lorvane::cli::TrendCommand::run},
+        {QStringLiteral("overview"), &lorvane::cli::OverviewCommand::run},
     };
     const Runner runner = commands.value(command);
     if (!runner)
