@@ -38,10 +38,15 @@ ChartCanvas::ChartCanvas(QWidget* parent) : QChartView(parent)
     chart->legend()->setVisible(false);
     m_x = new QCategoryAxis;
     m_y = new QCategoryAxis;
-    for (QCategoryAxis* axis : {m_x, m_y})
+    m_right = new QCategoryAxis;
+    for (QCategoryAxis* axis : {m_x, m_y, m_right})
         axis->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
     chart->addAxis(m_x, Qt::AlignBottom);
     chart->addAxis(m_y, Qt::AlignLeft);
+    chart->addAxis(m_right, Qt::AlignRight);
+    // The grid follows the left ticks; lines at the right axis' round values would cross them.
+    m_right->setGridLineVisible(false);
+    m_right->setVisible(false);
     setChart(chart);
     // The plot width decides how many points are drawn: a new width (resize, other labels,
     // alignment with other strips) refills the series.
@@ -73,12 +78,26 @@ void ChartCanvas::setTitles(const QString& title, const QString& xTitle, const Q
     m_y->setTitleText(yTitle);
 }
 
-void ChartCanvas::addSeries(QXYSeries* look, std::shared_ptr<const PlotSeries> data)
+void ChartCanvas::setRightTitle(const QString& title)
+{
+    m_right->setTitleText(title);
+}
+
+void ChartCanvas::setUnit(YAxis axis, const QString& unit)
+{
+    m_units[int(axis)] = unit;
+}
+
+void ChartCanvas::addSeries(QXYSeries* look, std::shared_ptr<const PlotSeries> data, YAxis axis)
 {
     chart()->addSeries(look);
     look->attachAxis(m_x);
-    look->attachAxis(m_y);
-    m_series.append({look, std::move(data)});
+    look->attachAxis(axis == YAxis::Right ? m_right : m_y);
+    if (axis == YAxis::Right && !m_rightUsed) {
+        m_rightUsed = true;
+        m_right->setVisible(true);
+    }
+    m_series.append({look, std::move(data), axis});
     chart()->legend()->setVisible(m_series.size() > 1);
     showView();
 }
@@ -90,6 +109,8 @@ void ChartCanvas::clearSeries()
         delete bound.look;
     }
     m_series.clear();
+    m_rightUsed = false;
+    m_right->setVisible(false);
     m_hover.reset();
     m_hoverText.clear();
 }
@@ -108,15 +129,54 @@ void ChartCanvas::setBounds(const Viewport& bounds)
     showView();
 }
 
+void ChartCanvas::setRightBounds(const AxisRange& bounds)
+{
+    m_rightBounds = bounds;
+    showView();
+}
+
+AxisRange ChartCanvas::rightView() const
+{
+    const AxisRange& left = m_zoom.view().y;
+    return {rightOf(left.min), rightOf(left.max)};
+}
+
+double ChartCanvas::rightOf(double leftY) const
+{
+    const AxisRange& left = m_zoom.bounds().y;
+    if (!m_rightBounds || !(left.span() > 0))
+        return leftY;
+    return m_rightBounds->min + (leftY - left.min) / left.span() * m_rightBounds->span();
+}
+
+double ChartCanvas::leftOf(double rightY) const
+{
+    const AxisRange& left = m_zoom.bounds().y;
+    if (!m_rightBounds || !(m_rightBounds->span() > 0))
+        return rightY;
+    return left.min + (rightY - m_rightBounds->min) / m_rightBounds->span() * left.span();
+}
+
 bool ChartCanvas::fitToData()
 {
-    QList<std::shared_ptr<const PlotSeries>> data;
-    for (const Bound& bound : std::as_const(m_series))
-        data << bound.data;
-    const std::optional<Viewport> bounds = DataBounds::of(data);
-    if (bounds)
-        setBounds(*bounds);
-    return bounds.has_value();
+    QList<std::shared_ptr<const PlotSeries>> all;
+    QList<std::shared_ptr<const PlotSeries>> byAxis[2];
+    for (const Bound& bound : std::as_const(m_series)) {
+        all << bound.data;
+        byAxis[int(bound.axis)] << bound.data;
+    }
+    const std::optional<Viewport> bounds = DataBounds::of(all);
+    if (!bounds)
+        return false;
+    const std::optional<Viewport> left = DataBounds::of(byAxis[int(YAxis::Left)]);
+    const std::optional<Viewport> right = DataBounds::of(byAxis[int(YAxis::Right)]);
+    if (right)
+        m_rightBounds = right->y;
+    else
+        m_rightBounds.reset();
+    // With every series on the right, the left axis has nothing of its own: it mirrors.
+    setBounds({bounds->x, left ? left->y : bounds->y});
+    return true;
 }
 
 void ChartCanvas::setLimits(const ZoomState::Limits& limits)
@@ -180,7 +240,7 @@ QStringList ChartCanvas::cursorReadout() const
         return lines;
     for (const Bound& bound : m_series) {
         if (const std::optional<QPointF> sample = bound.data->sampleNear(*m_cursor))
-            lines << pointText(bound.look->name(), *sample);
+            lines << pointText(bound, *sample);
     }
     return lines;
 }
@@ -195,23 +255,27 @@ void ChartCanvas::setContextMenuHook(std::function<void(QMenu*, const QPointF&)>
     m_menuHook = std::move(hook);
 }
 
-QString ChartCanvas::pointText(const QString& name, const QPointF& value) const
+QString ChartCanvas::pointText(const Bound& bound, const QPointF& value) const
 {
+    const QString name = bound.look->name();
     if (m_valueText)
         return m_valueText(name, value);
+    const QString& unit = m_units[int(bound.axis)];
     return name + QStringLiteral(": ") + TickLabels::value(value.x(), m_wallClock) +
-           QStringLiteral(", ") + TickLabels::value(value.y(), false);
+           QStringLiteral(", ") + TickLabels::value(value.y(), false) +
+           (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
 }
 
-QPointF ChartCanvas::valueAt(const QPointF& position) const
+QPointF ChartCanvas::valueAt(const QPointF& position, YAxis axis) const
 {
     const QRectF plot = chart()->plotArea();
     const QPointF at = chart()->mapFromScene(mapToScene(position.toPoint()));
     const Viewport& view = m_zoom.view();
     if (plot.width() <= 0 || plot.height() <= 0)
         return {view.x.min, view.y.min};
+    const double y = view.y.max - (at.y() - plot.top()) / plot.height() * view.y.span();
     return {view.x.min + (at.x() - plot.left()) / plot.width() * view.x.span(),
-            view.y.max - (at.y() - plot.top()) / plot.height() * view.y.span()};
+            axis == YAxis::Right ? rightOf(y) : y};
 }
 
 QPointF ChartCanvas::plotPointOf(const QPointF& value) const
@@ -222,22 +286,34 @@ QPointF ChartCanvas::plotPointOf(const QPointF& value) const
             plot.top() + (view.y.max - value.y()) / view.y.span() * plot.height()};
 }
 
-QPointF ChartCanvas::positionOf(const QPointF& value) const
+QPointF ChartCanvas::positionOf(const QPointF& value, YAxis axis) const
 {
-    return mapFromScene(chart()->mapToScene(plotPointOf(value)));
+    const QPointF left(value.x(), axis == YAxis::Right ? leftOf(value.y()) : value.y());
+    return mapFromScene(chart()->mapToScene(plotPointOf(left)));
 }
 
 std::optional<PointHit> ChartCanvas::hoverAt(const QPointF& position)
 {
+    // Hits are measured in left axis values, where one pixel is one size for every series;
+    // the text shows the point in its own axis' values.
     QList<QList<QPointF>> shown;
-    for (const Bound& bound : std::as_const(m_series))
-        shown << (bound.look->isVisible() ? bound.look->points() : QList<QPointF>());
+    for (const Bound& bound : std::as_const(m_series)) {
+        QList<QPointF> points = bound.look->isVisible() ? bound.look->points() : QList<QPointF>();
+        if (bound.axis == YAxis::Right)
+            for (QPointF& point : points)
+                point.setY(leftOf(point.y()));
+        shown << points;
+    }
     const QRectF plot = chart()->plotArea();
     const Viewport& view = m_zoom.view();
     m_hover = PointHit::nearest(shown, valueAt(position), plot.width() / view.x.span(),
                                 plot.height() / view.y.span(), hoverRadius);
-    m_hoverText =
-        m_hover ? pointText(m_series[m_hover->series].look->name(), m_hover->point) : QString();
+    if (m_hover) {
+        const Bound& bound = m_series[m_hover->series];
+        m_hoverText = pointText(bound, bound.look->at(m_hover->index));
+    } else {
+        m_hoverText.clear();
+    }
     viewport()->update();
     return m_hover;
 }
@@ -252,6 +328,11 @@ void ChartCanvas::showView()
     m_y->setRange(view.y.min, view.y.max);
     fillTicks(m_x, view.x, m_wallClock, std::max(2, int(plot.width() / xTickPixels)));
     fillTicks(m_y, view.y, false, std::max(2, int(plot.height() / yTickPixels)));
+    if (m_rightUsed) {
+        const AxisRange right = rightView();
+        m_right->setRange(right.min, right.max);
+        fillTicks(m_right, right, false, std::max(2, int(plot.height() / yTickPixels)));
+    }
     m_filledColumns = static_cast<int>(plot.width());
     const int columns = std::max(1, m_filledColumns);
     for (const Bound& bound : std::as_const(m_series))

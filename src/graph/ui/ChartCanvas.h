@@ -26,6 +26,12 @@ namespace lorvane {
 /// pointer, a middle-button or Shift drag pans, Backspace undoes a zoom and Home resets it,
 /// a click places the cursor with a read-out of every series, the pointer resting near a point
 /// shows its values, and a right click opens the menu that the window fills.
+///
+/// A series is drawn against the left y axis or against a second one on the right (volts and
+/// amps over one time axis, counts and a cumulative percentage). The zoom lives in the left
+/// axis' values; the right axis follows it: it shows the same share of its own bounds as the
+/// left one shows of its bounds, so a vertical zoom, a pan, undo and reset move both, each in
+/// its own scale, and both always frame the same part of the plot.
 class ChartCanvas : public QChartView
 {
     Q_OBJECT
@@ -38,6 +44,13 @@ public:
         Both,
     };
 
+    /// The y axis a series is drawn against.
+    enum class YAxis
+    {
+        Left,
+        Right,
+    };
+
     /// The chart's margins around axes and plot.
     static constexpr QMargins margins{4, 4, 4, 4};
 
@@ -48,17 +61,30 @@ public:
     void setWallClockX(bool wallClock);
     bool wallClockX() const { return m_wallClock; }
     void setTitles(const QString& title, const QString& xTitle, const QString& yTitle);
-    /// Draws `data` with the look of `look` (a line or scatter series; the canvas owns it).
-    void addSeries(QXYSeries* look, std::shared_ptr<const PlotSeries> data);
+    void setRightTitle(const QString& title);
+    /// A unit appended to the values of the axis' series in the default point text ("230 V").
+    void setUnit(YAxis axis, const QString& unit);
+    /// Draws `data` with the look of `look` (a line or scatter series; the canvas owns it)
+    /// against the left or the right y axis; the right axis shows once a series uses it.
+    void addSeries(QXYSeries* look, std::shared_ptr<const PlotSeries> data,
+                   YAxis axis = YAxis::Left);
     void clearSeries();
     int seriesCount() const { return static_cast<int>(m_series.size()); }
     /// Points the chart holds now, over all series.
     int pointsShown() const;
 
-    /// Zooms are kept inside `bounds`; the view becomes the bounds and the undo steps go.
+    /// Zooms are kept inside `bounds` (y: the left axis); the view becomes the bounds and the
+    /// undo steps go.
     void setBounds(const Viewport& bounds);
-    /// Bounds from the series (DataBounds); false when there is no data.
+    /// The right axis' range when the left one shows its bounds (unset: the left bounds).
+    void setRightBounds(const AxisRange& bounds);
+    /// The right axis' range shown now.
+    AxisRange rightView() const;
+    bool hasRightAxis() const { return m_rightUsed; }
+    /// Bounds from the series (DataBounds), x over all, y for each axis from its own series;
+    /// false when there is no data.
     bool fitToData();
+    /// Limits of the view; the y span is in left axis values.
     void setLimits(const ZoomState::Limits& limits);
     void setZoomAxes(ZoomAxes axes) { m_zoomAxes = axes; }
     const ZoomState& zoom() const { return m_zoom; }
@@ -76,7 +102,7 @@ public:
     void setCursorX(std::optional<double> x);
     std::optional<double> cursorX() const { return m_cursor; }
     /// Lines of the cursor read-out: each series' name and the value of its sample nearest to
-    /// the cursor.
+    /// the cursor, in the values of the series' own axis.
     QStringList cursorReadout() const;
     /// The text shown for a point of a series under the pointer or at the cursor; the default
     /// is "name: x, y".
@@ -84,9 +110,9 @@ public:
     /// Fills the right-click menu with the window's entries for a click at `value`.
     void setContextMenuHook(std::function<void(QMenu* menu, const QPointF& value)> hook);
 
-    /// Chart values at a widget position, and back.
-    QPointF valueAt(const QPointF& position) const;
-    QPointF positionOf(const QPointF& value) const;
+    /// Chart values (y of `axis`) at a widget position, and back.
+    QPointF valueAt(const QPointF& position, YAxis axis = YAxis::Left) const;
+    QPointF positionOf(const QPointF& value, YAxis axis = YAxis::Left) const;
     /// Hover as the pointer at `position` (a widget position): the point shown, if any.
     std::optional<PointHit> hoverAt(const QPointF& position);
     /// The text of the point under the pointer; empty when none.
@@ -113,18 +139,26 @@ private:
     {
         QXYSeries* look = nullptr;
         std::shared_ptr<const PlotSeries> data;
+        YAxis axis = YAxis::Left;
     };
 
     void userStep(const ZoomStep& step);
     void showView();
     void fillTicks(QCategoryAxis* axis, const AxisRange& range, bool wallClock, int maxTicks);
-    QString pointText(const QString& name, const QPointF& value) const;
+    QString pointText(const Bound& bound, const QPointF& value) const;
+    /// A y of the right axis in left axis values, and back.
+    double leftOf(double rightY) const;
+    double rightOf(double leftY) const;
     QRect bandFor(const QPoint& from, const QPoint& to) const;
     /// Chart coordinates of a chart value.
     QPointF plotPointOf(const QPointF& value) const;
 
     QCategoryAxis* m_x = nullptr;
     QCategoryAxis* m_y = nullptr;
+    QCategoryAxis* m_right = nullptr;
+    bool m_rightUsed = false;
+    std::optional<AxisRange> m_rightBounds;
+    QString m_units[2];
     QList<Bound> m_series;
     ZoomState m_zoom;
     ZoomAxes m_zoomAxes = ZoomAxes::Horizontal;

@@ -3,10 +3,12 @@
 // hover and the menu hook, as the user does them with the mouse.
 #include "graph/ui/ChartCanvas.h"
 
+#include "graph/DataBounds.h"
 #include "graph/GraphRegistry.h"
 #include "graph/SeriesPyramid.h"
 #include "graph/ui/GraphWindows.h"
 #include "graph/ui/StripStack.h"
+#include "graph/ui/TickLabels.h"
 #include "support/ui/Screenshot.h"
 
 #include <QApplication>
@@ -19,6 +21,7 @@
 #include <ctime>
 #include <gtest/gtest.h>
 #include <memory>
+#include <tuple>
 
 using namespace lorvane;
 
@@ -216,6 +219,71 @@ TEST_F(ChartCanvasTest, CursorHoverAndMenuShowTheValuesOfTheSamples)
                                 top->viewport()->mapToGlobal(click));
     QApplication::sendEvent(top->viewport(), &menuEvent);
     EXPECT_NEAR(asked.x(), top->valueAt(click).x(), 1);
+}
+
+TEST(ChartCanvasRightAxis, BothAxesZoomInTheirOwnScaleAndReadOutTheirOwnValues)
+{
+    const auto [volts, amps] = daySeries();
+    ChartCanvas canvas;
+    canvas.setWallClockX(true);
+    canvas.setTitles({}, QStringLiteral("Meter time"), QStringLiteral("Volts"));
+    canvas.setRightTitle(QStringLiteral("Amps"));
+    canvas.setUnit(ChartCanvas::YAxis::Left, QStringLiteral("V"));
+    canvas.setUnit(ChartCanvas::YAxis::Right, QStringLiteral("A"));
+    canvas.setZoomAxes(ChartCanvas::ZoomAxes::Both);
+    EXPECT_FALSE(canvas.hasRightAxis());
+    for (const auto& [name, data, axis] : {std::tuple{"Van", volts, ChartCanvas::YAxis::Left},
+                                           std::tuple{"Ia", amps, ChartCanvas::YAxis::Right}}) {
+        auto* line = new QLineSeries;
+        line->setName(QString::fromLatin1(name));
+        canvas.addSeries(line, data, axis);
+    }
+    ASSERT_TRUE(canvas.fitToData());
+    canvas.resize(1000, 500);
+    canvas.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&canvas));
+    ASSERT_TRUE(test::saveScreenshot(&canvas, QStringLiteral("graph-kit-right-axis")));
+
+    // Each axis frames its own series: volts 160..290, amps about 12..68, a tenth as margin.
+    const AxisRange voltBounds = DataBounds::withMargin({160, 290});
+    const AxisRange ampBounds = DataBounds::withMargin(*amps->yRange(0, 1e15));
+    EXPECT_EQ(canvas.zoom().view().y, voltBounds);
+    EXPECT_NEAR(canvas.rightView().min, ampBounds.min, 1e-9);
+    EXPECT_NEAR(canvas.rightView().max, ampBounds.max, 1e-9);
+
+    // A band over the middle half of the plot shows the middle half of both ranges; undo and
+    // reset bring both back.
+    QTest::mousePress(canvas.viewport(), Qt::LeftButton, {}, plotPoint(&canvas, 0.25, 0.25));
+    QTest::mouseMove(canvas.viewport(), plotPoint(&canvas, 0.5, 0.5));
+    QTest::mouseRelease(canvas.viewport(), Qt::LeftButton, {}, plotPoint(&canvas, 0.75, 0.75));
+    const double pixel = voltBounds.span() / canvas.chart()->plotArea().height();
+    EXPECT_NEAR(canvas.zoom().view().y.min, voltBounds.min + voltBounds.span() / 4, 2 * pixel);
+    EXPECT_NEAR(canvas.zoom().view().y.max, voltBounds.max - voltBounds.span() / 4, 2 * pixel);
+    const double ampPixel = pixel / voltBounds.span() * ampBounds.span();
+    EXPECT_NEAR(canvas.rightView().min, ampBounds.min + ampBounds.span() / 4, 2 * ampPixel);
+    EXPECT_NEAR(canvas.rightView().max, ampBounds.max - ampBounds.span() / 4, 2 * ampPixel);
+    QTest::keyClick(&canvas, Qt::Key_Backspace);
+    EXPECT_NEAR(canvas.rightView().max, ampBounds.max, 1e-9);
+
+    // Read-out and hover give each series' sample in its own axis' values and unit.
+    QTest::mouseClick(canvas.viewport(), Qt::LeftButton, {}, plotPoint(&canvas, 0.5, 0.5));
+    const QStringList readout = canvas.cursorReadout();
+    ASSERT_EQ(readout.size(), 2);
+    const QPointF current = *amps->sampleNear(*canvas.cursorX());
+    EXPECT_TRUE(readout[1].endsWith(QStringLiteral(", ") + TickLabels::value(current.y(), false) +
+                                    QStringLiteral(" A")))
+        << readout[1].toStdString();
+    EXPECT_TRUE(readout[0].endsWith(QStringLiteral(" V"))) << readout[0].toStdString();
+    const QPointF shownAmp = static_cast<QXYSeries*>(canvas.chart()->series().at(1))->at(40);
+    const QPoint atAmp = canvas.positionOf(shownAmp, ChartCanvas::YAxis::Right).toPoint();
+    EXPECT_NEAR(canvas.valueAt(atAmp, ChartCanvas::YAxis::Right).y(), shownAmp.y(),
+                ampBounds.span() / 100);
+    canvas.hoverAt(atAmp);
+    EXPECT_TRUE(canvas.hoverText().startsWith(QStringLiteral("Ia: ")))
+        << canvas.hoverText().toStdString();
+    EXPECT_TRUE(
+        canvas.hoverText().endsWith(TickLabels::value(shownAmp.y(), false) + QStringLiteral(" A")))
+        << canvas.hoverText().toStdString();
 }
 
 TEST(GraphWindows, AcceptsMakersOnlyForListedGraphKinds)
