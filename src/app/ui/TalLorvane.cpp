@@ -18,6 +18,7 @@
 #include "platform/UserText.h"
 #include "platform/ui/SingleInstanceChannel.h"
 #include "store/TempQueryDatabase.h"
+#include "trend/ui/TrendGraphMaker.h"
 #include "waveform/ui/WaveGraphMaker.h"
 #include "waveform/ui/WaveGraphSetup.h"
 
@@ -157,6 +158,7 @@ void TalLorvane::createChildren()
                             if (frame)
                                 frame->showHelp(topic);
                         });
+    TrendGraphMaker::add(m_context);
 
     connect(m_selection, &AllLogsFrm::viewRequested, this,
             [this](const ViewDispatch::Request& request) {
