@@ -2,6 +2,7 @@
 #include "BarShapeSeries.h"
 
 #include <cmath>
+#include <limits>
 
 namespace lorvane {
 
@@ -18,7 +19,8 @@ QList<QPointF> BarShapeSeries::points(double xMin, double xMax, int columns) con
     for (const QPointF& p : samples) {
         if (std::isnan(p.y()))
             continue;
-        corners << QPointF(p.x(), m_base) << p << QPointF(p.x(), m_base);
+        corners << QPointF(p.x(), m_base) << p << QPointF(p.x(), m_base)
+                << QPointF(p.x(), std::numeric_limits<double>::quiet_NaN());
     }
     return corners;
 }

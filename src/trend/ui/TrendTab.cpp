@@ -105,10 +105,16 @@ void TrendTab::showView(const TrendSession& session, int index)
                         data, std::clamp(0.0, set.minimum, set.maximum));
             }
             look->setName(set.name);
+            look->setPen(QPen(colourOf(set.colour),
+                              view.type == TrendGraphType::Bar && canvas == m_viewport ? 3 : 1));
             look->setColor(colourOf(set.colour));
             canvas->addSeries(look, data, axis);
         }
     }
+    // The Preview leaves the names to the Viewport; past a screenful of names the list would
+    // hide the plot, and the capture panel names the sets instead.
+    m_preview->chart()->legend()->setVisible(false);
+    m_viewport->chart()->legend()->setVisible(view.sets.size() <= maxLegendSets);
     paint(m_preview, view);
     paint(m_viewport, view);
     showExtents(view);

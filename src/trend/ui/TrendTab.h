@@ -20,6 +20,9 @@ class TrendTab : public QWidget
     Q_OBJECT
 
 public:
+    /// Sets beyond this many are drawn without a legend.
+    static constexpr int maxLegendSets = 16;
+
     explicit TrendTab(QWidget* parent = nullptr);
 
     /// Draws tab `index` of `session` anew: its sets, graph type, colours and extents.
