@@ -85,6 +85,12 @@ void TrendTab::showView(const TrendSession& session, int index)
         canvas->setTitles(canvas == m_preview ? QString() : QString(), xTitle, QString());
     }
     m_viewport->setLimits({view.milliseconds ? 0.001 : TrendZoom::minViewportXSpan, 0});
+    // Each series added refills the ones before it: over a span before the data that costs
+    // a search a series, where the data's span would draw every set again for each set.
+    const AxisRange span = session.dataSpan();
+    for (ChartCanvas* canvas : {static_cast<ChartCanvas*>(m_preview), m_viewport})
+        canvas->setBounds({{span.min - 2, span.min - 1}, {0, 1}});
+    m_shown.reset();
     for (int i = 0; i < view.sets.size(); ++i) {
         const GraphSet& set = view.sets.at(i);
         const auto axis =
@@ -122,8 +128,13 @@ void TrendTab::showView(const TrendSession& session, int index)
 
 void TrendTab::showExtents(const TrendView& view)
 {
-    showGraph(m_preview, view.preview, m_hasRight, true);
-    showGraph(m_viewport, view.viewport, m_hasRight, false);
+    // A drag of the Preview's window changes the Viewport alone: the Preview keeps what it
+    // drew.
+    if (!m_shown || !(m_shown->preview == view.preview))
+        showGraph(m_preview, view.preview, m_hasRight, true);
+    if (!m_shown || !(m_shown->viewport == view.viewport))
+        showGraph(m_viewport, view.viewport, m_hasRight, false);
+    m_shown = Shown{view.preview, view.viewport};
     m_preview->setWindow(view.viewport.x);
     m_viewport->setCursorX(view.cursor);
 }

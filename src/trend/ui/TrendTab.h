@@ -4,6 +4,7 @@
 #include "trend/TrendView.h"
 
 #include <QWidget>
+#include <optional>
 
 namespace lorvane {
 
@@ -47,6 +48,13 @@ private:
     TrendPreviewCanvas* m_preview;
     ChartCanvas* m_viewport;
     bool m_hasRight = false;
+    struct Shown
+    {
+        TrendExtentsOfGraph preview;
+        TrendExtentsOfGraph viewport;
+    };
+    /// What the graphs show now; nothing after the series changed.
+    std::optional<Shown> m_shown;
     bool m_milliseconds = false;
 };
 
