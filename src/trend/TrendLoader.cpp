@@ -12,6 +12,7 @@
 #include "store/StampedTime.h"
 #include "store/WallClock.h"
 
+#include <QSet>
 #include <algorithm>
 #include <numeric>
 
@@ -108,6 +109,11 @@ public:
         if (!db.tableExists(SchemaCatalog::masterTable(int(m_request.log))))
             return true;
         const QList<Hour> hours = hoursOf(db);
+        // One look at the catalogue for the whole file: asking it table by table scans it
+        // again for each hour, and a year holds some 17 000 hour tables.
+        m_tables.clear();
+        for (const QString& table : db.tables())
+            m_tables.insert(table.toLower());
         ProgressShare share(m_progress, shareFrom, shareTo);
         for (qsizetype i = 0; i < hours.size(); ++i) {
             if (share.cancelRequested())
@@ -152,7 +158,7 @@ private:
 
     void requireTable(SqliteDatabase& db, const QString& table)
     {
-        if (!db.tableExists(table))
+        if (!m_tables.contains(table.toLower()))
             throw StorageError(StorageError::Kind::Engine, db.path(),
                                QStringLiteral("no such table: ") + table);
     }
@@ -195,7 +201,9 @@ private:
                 continue;
             GraphSet& set = m_sets[m_firstSet + *slot];
             set.times.append(time);
-            set.values.append(values.isNull(0) ? nan : values.real(0));
+            // An empty value reads as 0: only then is it worth asking whether it was empty.
+            const double value = values.real(0);
+            set.values.append(value == 0 && values.isNull(0) ? nan : value);
         }
     }
 
@@ -207,6 +215,7 @@ private:
     double m_fromMs = 0;
     double m_toMs = 0;
     HourInstants m_instants;
+    QSet<QString> m_tables;
 };
 
 TrendLoad TrendLoader::load(const TrendRequest& request, LoadProgress& progress)

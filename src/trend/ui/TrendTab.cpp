@@ -111,8 +111,12 @@ void TrendTab::showView(const TrendSession& session, int index)
                         data, std::clamp(0.0, set.minimum, set.maximum));
             }
             look->setName(set.name);
-            look->setPen(QPen(colourOf(set.colour),
-                              view.type == TrendGraphType::Bar && canvas == m_viewport ? 3 : 1));
+            // A cosmetic pen is drawn as it stands; a scaled one is stroked into a path first,
+            // which for 48 sets of a few thousand corners costs more than all the rest.
+            QPen pen(colourOf(set.colour),
+                     view.type == TrendGraphType::Bar && canvas == m_viewport ? 3 : 1);
+            pen.setCosmetic(true);
+            look->setPen(pen);
             look->setColor(colourOf(set.colour));
             canvas->addSeries(look, data, axis);
         }
