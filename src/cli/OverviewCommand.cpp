@@ -3,6 +3,7 @@
 
 #include "CliOutput.h"
 #include "ExitCode.h"
+#include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "store/StampedTime.h"
 #include "trend/OverviewAnalysis.h"
@@ -36,7 +37,15 @@ int OverviewCommand::run(const QStringList& arguments)
     if (analyze) {
         CliOutput::warn(QStringLiteral("writing the overview tables HistOverview_* into ") + path);
         SilentProgress progress;
-        OverviewAnalysis::analyze(path, lines, progress);
+        try {
+            OverviewAnalysis::analyze(path, lines, progress);
+        } catch (const Fault& fault) {
+            if (fault.kind() != Fault::Kind::ReadOnly)
+                throw;
+            // Refused before anything was opened for writing: the file is as it was.
+            CliOutput::error(fault.message());
+            return Refused;
+        }
     }
     const QList<OverviewSet> sets = OverviewAnalysis::load(path, lines);
     auto hourText = [](const QDateTime& hour) {
