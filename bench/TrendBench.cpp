@@ -97,6 +97,7 @@ TrendLoad synthetic(qint64 total, int sets)
         set.values.resize(each);
         for (qsizetype i = 0; i < each; ++i)
             set.values[i] = 230 + s + 5 * std::sin(double(i) * 1e-4) + 0.5 * std::sin(double(i));
+        set.values.squeeze(); // as the loader leaves its columns
         set.summarise();
         load.sets.append(set);
         load.samples += each;
