@@ -290,6 +290,8 @@ TEST(GraphWindows, AcceptsMakersOnlyForListedGraphKinds)
 {
     ASSERT_NE(GraphRegistry::instance().find(QStringLiteral("waveform")), nullptr);
     EXPECT_EQ(GraphRegistry::instance().find(QStringLiteral("waveform"))->logKind, 9);
+    EXPECT_EQ(GraphRegistry::instance().find(QStringLiteral("trend"))->logKind, 3);
+    EXPECT_EQ(GraphRegistry::instance().find(QStringLiteral("demand-trend"))->logKind, 4);
     int made = 0;
     const GraphWindows::Maker maker = [&made](const GraphSelection& selection, QWidget*) {
         ++made;
@@ -301,7 +303,7 @@ TEST(GraphWindows, AcceptsMakersOnlyForListedGraphKinds)
         bool withMaker;
         bool accepted;
     };
-    const Case cases[] = {{9, true, true}, {9, false, false}, {3, true, false}, {-1, true, false}};
+    const Case cases[] = {{9, true, true}, {9, false, false}, {5, true, false}, {-1, true, false}};
     for (const Case& c : cases) {
         EXPECT_EQ(GraphWindows::add(c.kind, c.withMaker ? maker : nullptr), c.accepted) << c.kind;
         EXPECT_EQ(GraphWindows::has(c.kind), c.kind == 9) << c.kind;
