@@ -4,7 +4,6 @@
 #include "platform/ProfileFile.h"
 #include "trend/AxisValueBox.h"
 #include "trend/BarShapeSeries.h"
-#include "trend/CoarseSeries.h"
 #include "trend/IntelligentRange.h"
 #include "trend/IntervalGap.h"
 #include "trend/MsView.h"
@@ -245,20 +244,8 @@ TEST(TrendColorsTest, ReadsBlueGreenRedTextsAndKeepsDefaultsForBadOnes)
     EXPECT_EQ(TrendColors::ofSet(colours, 17), colours.at(1));
 }
 
-TEST(TrendSeriesLookTest, CoarseLinesAndBarsKeepTheSamplesOfTheirSet)
+TEST(TrendSeriesLookTest, BarsStandApartFromTheirBase)
 {
-    QVector<double> x, y;
-    for (int i = 0; i < 10000; ++i) {
-        x << i;
-        y << std::sin(i * 0.01) + (i == 5000 ? 9 : 0);
-    }
-    const auto set = std::make_shared<SeriesPyramid<double>>(x, y);
-    const CoarseSeries coarse(set, 4);
-    EXPECT_EQ(coarse.points(0, 9999, 1600), set->points(0, 9999, 400));
-    EXPECT_EQ(coarse.yRange(0, 9999)->max, set->yRange(0, 9999)->max) << "the spike stays";
-    for (const auto& [sets, share] : {std::pair{1, 1}, {8, 1}, {9, 2}, {24, 3}, {48, 4}, {200, 4}})
-        EXPECT_EQ(CoarseSeries::shareFor(sets), share) << sets;
-
     const BarShapeSeries bars(
         std::make_shared<SeriesPyramid<double>>(QVector<double>{1, 2}, QVector<double>{5, -3}), 0);
     const QList<QPointF> corners = bars.points(0, 3, 100);

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
 
 namespace lorvane {
 
@@ -85,8 +86,14 @@ void TrendAxisBar::showView(const TrendView& view)
 {
     const double values[] = {view.viewport.left.min, view.viewport.left.max,
                              view.viewport.right.min, view.viewport.right.max};
-    for (int i = 0; i < 4; ++i)
-        m_axis.at(size_t(i))->setText(number(values[i]));
+    // The right axis boxes wait for a set on that axis: until then there is nothing to set.
+    const bool right = std::any_of(view.sets.cbegin(), view.sets.cend(), [](const GraphSet& set) {
+        return set.axis == TrendAxis::Right;
+    });
+    for (int i = 0; i < 4; ++i) {
+        m_axis.at(size_t(i))->setText(i < 2 || right ? number(values[i]) : QString());
+        m_axis.at(size_t(i))->setEnabled(i < 2 || right);
+    }
     m_gap->setText(number(view.intervalGapDays));
     const quint32 colours[] = {view.backColour, view.gridColour, view.textColour, view.valueColour};
     for (int i = 0; i < 4; ++i)

@@ -5,7 +5,6 @@
 #include "graph/DataBounds.h"
 #include "graph/ui/TickLabels.h"
 #include "trend/BarShapeSeries.h"
-#include "trend/CoarseSeries.h"
 #include "trend/TrendSession.h"
 #include "trend/TrendTexts.h"
 #include "trend/TrendTime.h"
@@ -100,8 +99,6 @@ void TrendTab::showView(const TrendSession& session, int index)
         for (ChartCanvas* canvas : {static_cast<ChartCanvas*>(m_preview), m_viewport}) {
             QXYSeries* look = nullptr;
             std::shared_ptr<const PlotSeries> data = series.at(i);
-            if (const int share = CoarseSeries::shareFor(int(view.sets.size())); share > 1)
-                data = std::make_shared<CoarseSeries>(data, share);
             if (view.type == TrendGraphType::Point && canvas == m_viewport) {
                 auto* points = new QScatterSeries;
                 points->setMarkerSize(5);
