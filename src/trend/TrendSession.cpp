@@ -241,11 +241,14 @@ void TrendSession::setAxis(int set, TrendAxis axis)
         return;
     TrendView& v = m_views[m_active];
     v.sets[set].axis = axis;
-    // The axis that gained a set must take it in: refit that axis's y by the default rule.
-    const auto y =
-        TrendExtents::apply(ExtentsRule::Default, TrendExtents::of(v.sets, axis), m_storedNonZero);
-    if (y)
-        axisOf(v.preview, axis) = axisOf(v.viewport, axis) = *y;
+    // The axis that gained the set must take it in and the one that lost it may narrow to
+    // what stays: both refit their y by the default rule.
+    for (TrendAxis each : {TrendAxis::Left, TrendAxis::Right}) {
+        const auto y = TrendExtents::apply(ExtentsRule::Default, TrendExtents::of(v.sets, each),
+                                           m_storedNonZero);
+        if (y)
+            axisOf(v.preview, each) = axisOf(v.viewport, each) = *y;
+    }
 }
 
 void TrendSession::setCursor(double x)

@@ -109,6 +109,19 @@ TEST(TrendSessionTest, ValueBoxesBarTypeAndAxesFollowTheirRules)
     EXPECT_TRUE(session.axisData(TrendAxis::Left).empty());
 }
 
+TEST(TrendSessionTest, MovingASetToTheOtherAxisRefitsBothAxes)
+{
+    TrendSession session;
+    TrendLoad load;
+    load.sets = {setOf(1, {0, 1000}, {100, 200}), setOf(2, {0, 1000}, {1, 2})};
+    ASSERT_TRUE(session.take(load));
+    session.setAxis(0, TrendAxis::Right);
+    EXPECT_EQ(session.view().viewport.right, (AxisRange{90, 210}));
+    EXPECT_EQ(session.view().viewport.left, (AxisRange{0.9, 2.1}))
+        << "the left axis narrows to the set that stays";
+    EXPECT_EQ(session.view().preview.left, session.view().viewport.left);
+}
+
 TEST(TrendSessionTest, CaptureStepsMillisecondTabsAndClosingFollowThePanel)
 {
     TrendSession session = sessionOf(5);
