@@ -135,7 +135,12 @@ QString CliOutput::usageText()
                           "  pq-histogram --meter FILE [--meter FILE2] --from T --to T [--json] "
                           "[--template PATH]   PQ events, count matrix and sums\n"
                           "  graphs [--json]   the graphs by log kind with the view that loads "
-                          "their rows\n");
+                          "their rows\n"
+                          "  trend --meter FILE [--meter FILE2] --points ID,... --from T --to T "
+                          "[--demand] [--extents default|nonzero|intelligent] [--json] "
+                          "[--out FILE.csv]   the trend's sets and axis extents\n"
+                          "  overview --meter FILE [--analyze] [--json]   the historical "
+                          "overview; --analyze writes its tables into the meter file\n");
 }
 
 int CliOutput::usage(const QString& message)

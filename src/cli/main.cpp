@@ -9,9 +9,11 @@
 #include "LabelCommand.h"
 #include "PowerGraphCommand.h"
 #include "PqHistogramCommand.h"
+#include "OverviewCommand.h"
 #include "QueryCommand.h"
 #include "SetupCommand.h"
 #include "StatusCommand.h"
+#include "TrendCommand.h"
 #include "UpgradeCommand.h"
 #include "WaveformCommand.h"
 
@@ -43,6 +45,8 @@ int main(int argc, char* argv[])
         {QStringLiteral("en50160"), &lorvane::cli::En50160Command::run},
         {QStringLiteral("pq-histogram"), &lorvane::cli::PqHistogramCommand::run},
         {QStringLiteral("graphs"), &lorvane::cli::GraphsCommand::run},
+        {QStringLiteral("trend"), &lorvane::cli::TrendCommand::run},
+        {QStringLiteral("overview"), &lorvane::cli::OverviewCommand::run},
     };
     const Runner runner = commands.value(command);
     if (!runner)

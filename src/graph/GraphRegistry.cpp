@@ -13,6 +13,11 @@ GraphRegistry::GraphRegistry()
     m_graphs = {
         {int(LogKind::Waveform), QStringLiteral("waveform"),
          QStringLiteral("capture channels over time with their statistics and spectra")},
+        {int(LogKind::Snapshots), QStringLiteral("trend"),
+         QStringLiteral("snapshot values over time, a preview over the whole span above a zoomed "
+                        "viewport")},
+        {int(LogKind::Demand), QStringLiteral("demand-trend"),
+         QStringLiteral("energy and demand values over time, as the trend")},
         {int(LogKind::Snapshots), QStringLiteral("power-graph"),
          QStringLiteral("up to six snapshot items round a dial or over time (circular, XY)")},
         {int(LogKind::Demand), QStringLiteral("power-graph-demand"),

@@ -395,6 +395,31 @@ LogViewSession::GraphTarget LogViewSession::graphTarget(LogKind logKind)
     }
 }
 
+namespace {
+
+/// The hand-over of a snapshot or demand grid to the trend: one row for each data column of
+/// each meter (its id, its meter file and the query's range in time order).
+QList<QVariantMap> trendColumns(const QueryContext& context, LogKind kind)
+{
+    QList<QVariantMap> rows;
+    const QDateTime from = std::min(context.start, context.end);
+    const QDateTime to = std::max(context.start, context.end);
+    for (const LogFileEntry& file : context.files) {
+        if (!file.used)
+            continue;
+        const QList<qint64>& ids = kind == LogKind::Demand ? file.items.demandIds : context.dataIds;
+        for (qint64 id : ids)
+            rows.append({{QStringLiteral("DataID"), id},
+                         {QStringLiteral("DbPath"), file.dbPath},
+                         {QStringLiteral("DeviceTypeID"), file.deviceTypeId},
+                         {QStringLiteral("From"), from},
+                         {QStringLiteral("To"), to}});
+    }
+    return rows;
+}
+
+} // namespace
+
 LogViewSession::GraphAction LogViewSession::graph(int row) const
 {
     GraphAction action;
@@ -452,12 +477,13 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
             action.kind = GraphAction::Kind::Graph;
             action.selection.logKind = int(entry.logKind);
             action.selection.numbers = entry.result.numbers;
+            action.selection.rows = trendColumns(*entry.context, entry.logKind);
             action.selection.caption = entry.result.rangeText;
         }
         break;
     case LogKind::Flicker:
     case LogKind::SystemEvent:
-        // The trend set-up is not built yet: only the empty case is answered.
+        // Their trend set-up is not built yet: only the empty case is answered.
         if (empty)
             message(userText("406013", "There are no data to graph"));
         break;

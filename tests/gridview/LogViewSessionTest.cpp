@@ -446,3 +446,25 @@ TEST(LogViewSession, RelaySettingTakesTheDeviceTypeOfTheRowsOwnMeter)
     }
     EXPECT_EQ(seen, (QSet<qint64>{1, 2}));
 }
+
+TEST(LogViewSession, SnapshotGraphHandsEachDataColumnWithItsMeterAndRangeToTheTrend)
+{
+    SimMeters sim;
+    const QString meter = sim.meter(QStringLiteral("Trend"));
+    LogViewSession session(base(sim));
+    TopQueryBuffer buffer;
+    session.setRequest(press(snapshotButton, meter), &buffer);
+    session.LoadQuery(true, nullptr);
+    const LogViewSession::GraphAction action = session.graph(-1);
+    ASSERT_EQ(action.kind, LogViewSession::GraphAction::Kind::Graph);
+    EXPECT_EQ(action.selection.logKind, int(LogKind::Snapshots));
+    QList<qint64> ids;
+    for (const QVariantMap& column : action.selection.rows) {
+        ids << column.value(QStringLiteral("DataID")).toLongLong();
+        EXPECT_EQ(column.value(QStringLiteral("DbPath")).toString(), meter);
+        EXPECT_EQ(column.value(QStringLiteral("From")).toDateTime(),
+                  simTime("2024-03-04 00:00:00"));
+        EXPECT_EQ(column.value(QStringLiteral("To")).toDateTime(), simTime("2024-03-05 23:59:59"));
+    }
+    EXPECT_EQ(ids, (QList<qint64>{20617, 20621, 20625, 21017}));
+}

@@ -20,6 +20,7 @@
 #include "powergraph/ui/PGraphMaker.h"
 #include "pqgraph/ui/PqGraphMaker.h"
 #include "store/TempQueryDatabase.h"
+#include "trend/ui/TrendGraphMaker.h"
 #include "waveform/ui/WaveGraphMaker.h"
 #include "waveform/ui/WaveGraphSetup.h"
 
@@ -159,6 +160,8 @@ void TalLorvane::createChildren()
             frame->showHelp(topic);
     };
     WaveGraphMaker::add(m_context, m_progress, help);
+    // The trend first: the power graph's item choice offers the maker it finds for its kind.
+    TrendGraphMaker::add(m_context);
     PGraphMaker::add(m_context, help);
     PqGraphMaker::add(m_context, help,
                       [frame = QPointer<TalLorvane>(this)](const GraphSelection& selection) {

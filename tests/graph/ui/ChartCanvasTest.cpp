@@ -323,6 +323,8 @@ TEST(GraphWindows, AcceptsMakersOnlyForListedGraphKinds)
 {
     ASSERT_NE(GraphRegistry::instance().find(QStringLiteral("waveform")), nullptr);
     EXPECT_EQ(GraphRegistry::instance().find(QStringLiteral("waveform"))->logKind, 9);
+    EXPECT_EQ(GraphRegistry::instance().find(QStringLiteral("trend"))->logKind, 3);
+    EXPECT_EQ(GraphRegistry::instance().find(QStringLiteral("demand-trend"))->logKind, 4);
     int made = 0;
     const GraphWindows::Maker maker = [&made](const GraphSelection& selection, QWidget*) {
         ++made;
