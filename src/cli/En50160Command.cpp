@@ -98,8 +98,8 @@ QJsonObject evaluationJson(const PqTestEvaluation& e)
     for (int page = 0; page < en50160PageCount; ++page)
         pages.insert(en50160PageKey(page), PageEvaluation::word(e.verdicts[size_t(page)]));
     QJsonArray events;
-    for (const PqEvent& event : e.events) {
-        events.append(QJsonObject{{QStringLiteral("type"), PqEvent::typeKey(event.type)},
+    for (const VoltageEvent& event : e.events) {
+        events.append(QJsonObject{{QStringLiteral("type"), VoltageEvent::typeKey(event.type)},
                                   {QStringLiteral("channel"), event.channel},
                                   {QStringLiteral("start"), event.start},
                                   {QStringLiteral("end"), event.end},
@@ -122,9 +122,9 @@ void printText(const PqTestEvaluation& e)
             << '\n';
     out << "N1 " << e.statistics.n1() << ", N2 " << e.statistics.n2() << ", N3 "
         << e.statistics.n3() << '\n';
-    for (const PqEvent& event : e.events)
-        out << PqEvent::typeKey(event.type) << ' ' << event.channel << ' ' << event.start << " - "
-            << event.end << ' ' << event.minValue << ' ' << event.minPercent << "%\n";
+    for (const VoltageEvent& event : e.events)
+        out << VoltageEvent::typeKey(event.type) << ' ' << event.channel << ' ' << event.start
+            << " - " << event.end << ' ' << event.minValue << ' ' << event.minPercent << "%\n";
 }
 
 int runList(const Options& o, TempQueryDatabase& scratch, const QList<LogFileEntry>& meters)

@@ -27,7 +27,7 @@ struct PqTestEvaluation
     /// series are not read.
     bool found = false;
     std::array<PageEvaluation::Verdict, en50160PageCount> verdicts{};
-    QList<PqEvent> events;
+    QList<VoltageEvent> events;
     QList<DailySeries> series;
     QString serial;
 

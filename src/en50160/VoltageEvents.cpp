@@ -40,18 +40,18 @@ QString classStatement(const QString& table)
            QStringLiteral("ORDER BY 3 ASC");
 }
 
-PqEvent::Type typeOf(const QString& key)
+VoltageEvent::Type typeOf(const QString& key)
 {
     if (key == QLatin1String("SIV"))
-        return PqEvent::Type::SIV;
+        return VoltageEvent::Type::SIV;
     if (key == QLatin1String("LIV"))
-        return PqEvent::Type::LIV;
-    return PqEvent::Type::VOD;
+        return VoltageEvent::Type::LIV;
+    return VoltageEvent::Type::VOD;
 }
 
 } // namespace
 
-QString PqEvent::typeKey(Type type)
+QString VoltageEvent::typeKey(Type type)
 {
     switch (type) {
     case Type::VOD:
@@ -64,12 +64,12 @@ QString PqEvent::typeKey(Type type)
     return QStringLiteral("LIV");
 }
 
-QList<PqEvent> VoltageEvents::read(const QString& pqLogFile, const QDateTime& start,
-                                   const QDateTime& end, LoadProgress& progress)
+QList<VoltageEvent> VoltageEvents::read(const QString& pqLogFile, const QDateTime& start,
+                                        const QDateTime& end, LoadProgress& progress)
 {
     MeterDatabase meter(pqLogFile, step());
     return meter.guarded(step(), [&] {
-        QList<PqEvent> events;
+        QList<VoltageEvent> events;
         SqliteDatabase& db = meter.db();
         const QString master = SchemaCatalog::masterTable(int(LogKind::PowerQuality));
         if (!db.tableExists(master))
@@ -93,7 +93,7 @@ QList<PqEvent> VoltageEvents::read(const QString& pqLogFile, const QDateTime& st
             const QString table = SchemaCatalog::dayTable(LogKind::PowerQuality, tables.at(i));
             SqlStatement select = db.prepare(classStatement(table));
             while (select.next()) {
-                PqEvent event;
+                VoltageEvent event;
                 event.type = typeOf(select.text(1));
                 event.start = select.text(2);
                 event.end = select.text(3);
@@ -107,10 +107,10 @@ QList<PqEvent> VoltageEvents::read(const QString& pqLogFile, const QDateTime& st
     });
 }
 
-int VoltageEvents::count(const QList<PqEvent>& events, PqEvent::Type type)
+int VoltageEvents::count(const QList<VoltageEvent>& events, VoltageEvent::Type type)
 {
     return int(std::count_if(events.begin(), events.end(),
-                             [type](const PqEvent& e) { return e.type == type; }));
+                             [type](const VoltageEvent& e) { return e.type == type; }));
 }
 
 } // namespace lorvane

@@ -10,7 +10,7 @@ namespace lorvane {
 class LoadProgress;
 
 /// One voltage event of a test period, as the event pages list it.
-struct PqEvent
+struct VoltageEvent
 {
     enum class Type
     {
@@ -42,11 +42,11 @@ public:
     /// Reads the PQ log of `pqLogFile` (read-only) for [start, end], events in start order per
     /// day table. A file without a PQ log has no events. Throws Fault when the file or a day
     /// table cannot be read.
-    static QList<PqEvent> read(const QString& pqLogFile, const QDateTime& start,
-                               const QDateTime& end, LoadProgress& progress);
+    static QList<VoltageEvent> read(const QString& pqLogFile, const QDateTime& start,
+                                    const QDateTime& end, LoadProgress& progress);
 
     /// How many events of a type the list holds.
-    static int count(const QList<PqEvent>& events, PqEvent::Type type);
+    static int count(const QList<VoltageEvent>& events, VoltageEvent::Type type);
 };
 
 } // namespace lorvane

@@ -15,7 +15,7 @@
 
 using namespace lorvane;
 using lorvane::test::MeterFileBuilder;
-using T = PqEvent::Type;
+using T = VoltageEvent::Type;
 
 namespace {
 
@@ -74,7 +74,7 @@ TEST(VoltageEvents, ClassesAtTheirBoundsOnTheVoltageChannelsOnly)
                                 "01:00:00', '2024-03-06 01:00:01', 100, 50, 2, 'Van', 1)"));
     }
     SilentProgress progress;
-    const QList<PqEvent> events =
+    const QList<VoltageEvent> events =
         VoltageEvents::read(path, WallClock::at({2024, 3, 4}, {0, 0}),
                             WallClock::at({2024, 3, 5}, {23, 59, 59}), progress);
 
