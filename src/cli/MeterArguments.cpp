@@ -2,6 +2,7 @@
 #include "MeterArguments.h"
 
 #include "CliOutput.h"
+#include "ExitCode.h"
 #include "query/selection/MeterInventory.h"
 #include "query/selection/SplitLogMeter.h"
 #include "store/MeterDatabase.h"
@@ -28,6 +29,17 @@ std::optional<QDateTime> MeterArguments::parseTime(const QString& text, bool end
     if (!time.isValid())
         return std::nullopt;
     return WallClock::at(day, time);
+}
+
+int MeterArguments::takeRangeEnd(const QString& option, const QString& value, QDateTime& from,
+                                 QDateTime& to)
+{
+    const bool end = option == QLatin1String("--to");
+    const std::optional<QDateTime> time = parseTime(value, end);
+    if (!time)
+        return CliOutput::usage(QStringLiteral("not a time (YYYY-MM-DD[ HH:MM:SS]): ") + value);
+    (end ? to : from) = *time;
+    return Success;
 }
 
 std::optional<LogFileEntry> MeterArguments::open(const QString& given, int index)

@@ -18,6 +18,11 @@ public:
     /// "YYYY-MM-DD HH:MM:SS" ('T' between them too), as meter time; nothing when malformed.
     static std::optional<QDateTime> parseTime(const QString& text, bool end);
 
+    /// `--from` or `--to` (the option given) with its value: the time into `from` or `to`.
+    /// Success, or the usage code after the usage message when the value is no time.
+    static int takeRangeEnd(const QString& option, const QString& value, QDateTime& from,
+                            QDateTime& to);
+
     /// The meter as the selection window opens it, used, at position `index`: its device
     /// record read; a Device Master Log opens through its system event log. Nothing, after
     /// the message, when the file does not exist; throws Fault when it cannot be read.

@@ -5,6 +5,7 @@
 #include "CommandBoundary.h"
 #include "ExitCode.h"
 #include "LabelCommand.h"
+#include "MeterArguments.h"
 #include "ScratchTemplate.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
@@ -37,23 +38,14 @@ struct Options
 {
     QString meter;
     QList<qint64> points;
-    QString from;
-    QString to;
+    QDateTime from;
+    QDateTime to;
     bool demand = false;
     PGraphView::Kind kind = PGraphView::Kind::Circular;
     PGraphSession::Entries entries{
         QStringLiteral("130"), QStringLiteral("0"), QStringLiteral("1"), {}};
     bool json = false;
 };
-
-/// "YYYY-MM-DD[ HH:MM:SS]" as the stored form; a day alone starts or ends that day.
-QString clockText(const QString& text, bool end)
-{
-    const QString t = text.trimmed();
-    if (t.size() == 10)
-        return t + (end ? QStringLiteral(" 23:59:59") : QStringLiteral(" 00:00:00"));
-    return QString(t).replace(QLatin1Char('T'), QLatin1Char(' '));
-}
 
 int parse(const QStringList& arguments, Options& o)
 {
@@ -79,10 +71,10 @@ int parse(const QStringList& arguments, Options& o)
                 if (!ok)
                     return CliOutput::usage(QStringLiteral("--points takes ID,ID,...: ") + id);
             }
-        } else if (a == QLatin1String("--from")) {
-            o.from = clockText(value, false);
-        } else if (a == QLatin1String("--to")) {
-            o.to = clockText(value, true);
+        } else if (a == QLatin1String("--from") || a == QLatin1String("--to")) {
+            if (const int code = MeterArguments::takeRangeEnd(a, value, o.from, o.to);
+                code != Success)
+                return code;
         } else if (a == QLatin1String("--kind")) {
             if (value != QLatin1String("circular") && value != QLatin1String("xy"))
                 return CliOutput::usage(QStringLiteral("--kind is circular or xy"));
@@ -91,8 +83,11 @@ int parse(const QStringList& arguments, Options& o)
         } else if (a == QLatin1String("--days")) {
             o.entries.numDaysView = value;
         } else if (a == QLatin1String("--start")) {
-            o.entries.start = PGraphTimeText::entry(
-                StampedTime::parseClock(clockText(value, false)).toMSecsSinceEpoch());
+            const std::optional<QDateTime> start = MeterArguments::parseTime(value, false);
+            if (!start)
+                return CliOutput::usage(QStringLiteral("not a time (YYYY-MM-DD[ HH:MM:SS]): ") +
+                                        value);
+            o.entries.start = PGraphTimeText::entry(start->toMSecsSinceEpoch());
         } else if (a == QLatin1String("--min")) {
             o.entries.minY = value;
         } else if (a == QLatin1String("--max")) {
@@ -101,7 +96,7 @@ int parse(const QStringList& arguments, Options& o)
             return CliOutput::usage(QStringLiteral("unknown option: ") + a);
         }
     }
-    if (o.meter.isEmpty() || o.from.isEmpty() || o.to.isEmpty())
+    if (o.meter.isEmpty() || !o.from.isValid() || !o.to.isValid())
         return CliOutput::usage(QStringLiteral("power-graph needs --meter, --from and --to"));
     if (const std::optional<QString> refused = PGraphChoiceCheck::check(o.points.size()))
         return CliOutput::usage(*refused);
@@ -172,8 +167,8 @@ int PowerGraphCommand::run(const QStringList& arguments)
         entry.hardwareName = record.hardwareName;
         entry.used = true;
         context.files << entry;
-        context.start = StampedTime::parseClock(o.from);
-        context.end = StampedTime::parseClock(o.to);
+        context.start = o.from;
+        context.end = o.to;
         context.dataIds = o.points;
         std::unique_ptr<SqliteDatabase> dictionary;
         const QString dictionaryPath = LabelCommand::installedDictionary();

@@ -45,12 +45,9 @@ int parse(const QStringList& arguments, Options& o)
         if (a == QLatin1String("--meter")) {
             o.meters << value;
         } else if (a == QLatin1String("--from") || a == QLatin1String("--to")) {
-            const bool end = a == QLatin1String("--to");
-            const std::optional<QDateTime> time = MeterArguments::parseTime(value, end);
-            if (!time)
-                return CliOutput::usage(QStringLiteral("not a time (YYYY-MM-DD[ HH:MM:SS]): ") +
-                                        value);
-            (end ? o.to : o.from) = *time;
+            if (const int code = MeterArguments::takeRangeEnd(a, value, o.from, o.to);
+                code != Success)
+                return code;
         } else if (a == QLatin1String("--template")) {
             o.templatePath = value;
         } else {

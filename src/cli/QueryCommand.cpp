@@ -160,12 +160,9 @@ int parse(const QStringList& arguments, Options& o)
                 chosen << channel;
             }
         } else if (a == QLatin1String("--from") || a == QLatin1String("--to")) {
-            const bool end = a == QLatin1String("--to");
-            const std::optional<QDateTime> time = MeterArguments::parseTime(text, end);
-            if (!time)
-                return CliOutput::usage(QStringLiteral("not a time (YYYY-MM-DD[ HH:MM:SS]): ") +
-                                        text);
-            (end ? o.to : o.from) = *time;
+            if (const int code = MeterArguments::takeRangeEnd(a, text, o.from, o.to);
+                code != Success)
+                return code;
         } else if (a == QLatin1String("--last")) {
             bool ok = false;
             o.lastCount = text.toInt(&ok);

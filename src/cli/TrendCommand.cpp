@@ -3,6 +3,7 @@
 
 #include "CliOutput.h"
 #include "ExitCode.h"
+#include "MeterArguments.h"
 #include "platform/LoadProgress.h"
 #include "store/StampedTime.h"
 #include "trend/TrendSession.h"
@@ -60,10 +61,9 @@ int parse(const QStringList& arguments, Options& o)
                     return CliOutput::usage(QStringLiteral("--points needs data ids: ") + value);
             }
         } else if (a == QLatin1String("--from") || a == QLatin1String("--to")) {
-            const auto ms = TrendTime::fromStoredText(value);
-            if (!ms)
-                return CliOutput::usage(a + QStringLiteral(" needs \"YYYY-MM-DD HH:MM:SS\""));
-            (a == QLatin1String("--from") ? o.from : o.to) = TrendTime::clock(*ms);
+            if (const int code = MeterArguments::takeRangeEnd(a, value, o.from, o.to);
+                code != Success)
+                return code;
         } else if (a == QLatin1String("--extents")) {
             const QStringList rules{QStringLiteral("default"), QStringLiteral("nonzero"),
                                     QStringLiteral("intelligent")};

@@ -10,7 +10,7 @@ namespace lorvane {
 /// The time of one record as the meter stamped it: a clock time to the second, the fraction of
 /// that second, and the daylight saving mode the meter marked it with (`DTmode`, 0 or 1).
 ///
-/// The clock time is meter local time with no zone. It is held in a QDateTime of spec UTC only
+/// The clock time is meter local time with no zone. It is held in a QDateTime tagged UTC only
 /// so that no rule of this machine's zone shifts it or rejects it: in the doubled hour at the
 /// end of summer time the same clock reading occurs twice, told apart by the mode alone, and
 /// nothing here ever converts between the two.

@@ -19,7 +19,8 @@ public:
     /// The milliseconds of a stored text `YYYY-MM-DD HH:MM:SS`; nothing when the text has
     /// another form or names no real day or time of day.
     static std::optional<double> fromStoredText(QStringView text);
-    /// The milliseconds of a wall-clock reading (WallClock: spec UTC, never converted).
+    /// The milliseconds of a wall-clock reading (a WallClock reading, tagged UTC and never
+    /// converted).
     static double of(const QDateTime& clock);
     /// The wall-clock reading of `ms`, whole milliseconds.
     static QDateTime clock(double ms);

@@ -97,7 +97,7 @@ TEST(CliTrend, RefusesWrongArguments)
          QStringLiteral("2024-03-05 00:00:00")},
         {QStringLiteral("trend"), QStringLiteral("--meter"), QStringLiteral("x.DB"),
          QStringLiteral("--points"), QStringLiteral("1"), QStringLiteral("--from"),
-         QStringLiteral("2024-03-04"), QStringLiteral("--to"),
+         QStringLiteral("2024-13-04"), QStringLiteral("--to"),
          QStringLiteral("2024-03-05 00:00:00")},
         {QStringLiteral("overview")},
     };
