@@ -83,6 +83,13 @@ TEST(PowerGraphCommand, CsvRecordsAndRefusedEntries)
         {{QStringLiteral("--points"), QStringLiteral("20617"), QStringLiteral("--days"),
           QStringLiteral("0")},
          "Number of days to view cannot be 0 or less"},
+        // Malformed times were taken as no time at all before.
+        {{QStringLiteral("--points"), QStringLiteral("20617"), QStringLiteral("--to"),
+          QStringLiteral("2024-02-30")},
+         "not a time"},
+        {{QStringLiteral("--points"), QStringLiteral("20617"), QStringLiteral("--start"),
+          QStringLiteral("noon")},
+         "not a time"},
     };
     for (const Case& c : cases) {
         const ProcessResult result = powerGraph(c.options);
