@@ -98,4 +98,43 @@ MeterItemOffer MeterItemOffer::read(const LogFileEntry& meter)
     return offer;
 }
 
+MeterItemOffer::Ticks MeterItemOffer::ticksOf(const MeterItems& choice) const
+{
+    const auto channelTicks = [](const QList<Channel>& offered,
+                                 const QList<MeterItems::Channel>& chosen) {
+        QList<bool> ticks;
+        for (const Channel& channel : offered)
+            ticks << (chosen.isEmpty() || chosen.contains(channel.place));
+        return ticks;
+    };
+    Ticks ticks{channelTicks(inputs, choice.inputs), channelTicks(relays, choice.relays), {}};
+    for (qint64 id : demandIds)
+        ticks.demand << (choice.demandIds.isEmpty() || choice.demandIds.contains(id));
+    return ticks;
+}
+
+MeterItems MeterItemOffer::choose(const Ticks& ticks) const
+{
+    const auto all = [](const QList<bool>& list) {
+        return !list.contains(false) || !list.contains(true);
+    };
+    MeterItems choice;
+    if (!all(ticks.inputs)) {
+        for (qsizetype i = 0; i < inputs.size(); ++i)
+            if (ticks.inputs.value(i))
+                choice.inputs << inputs.at(i).place;
+    }
+    if (!all(ticks.relays)) {
+        for (qsizetype i = 0; i < relays.size(); ++i)
+            if (ticks.relays.value(i))
+                choice.relays << relays.at(i).place;
+    }
+    if (!all(ticks.demand)) {
+        for (qsizetype i = 0; i < demandIds.size(); ++i)
+            if (ticks.demand.value(i))
+                choice.demandIds << demandIds.at(i);
+    }
+    return choice;
+}
+
 } // namespace lorvane

@@ -34,6 +34,19 @@ struct MeterItemOffer
     /// day that has one. A file, table or column that is not there offers nothing and is no
     /// error: the meter's other files still offer theirs.
     static MeterItemOffer read(const LogFileEntry& meter);
+
+    /// Which offered items a choice reads, in offer order; an empty list of the choice reads
+    /// every item, so all are ticked.
+    struct Ticks
+    {
+        QList<bool> inputs;
+        QList<bool> relays;
+        QList<bool> demand;
+    };
+    Ticks ticksOf(const MeterItems& choice) const;
+    /// The choice the ticks make. A list with every item ticked, or none, reads every item
+    /// of its log (an empty list), so that items the meter adds later are read as well.
+    MeterItems choose(const Ticks& ticks) const;
 };
 
 } // namespace lorvane
