@@ -2,6 +2,7 @@
 #pragma once
 // A simulated meter and a scratch database for the status log view tests.
 #include "platform/LoadProgress.h"
+#include "query/engine/GridTable.h"
 #include "query/engine/QueryContext.h"
 #include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
