@@ -212,6 +212,8 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
     const qint64 instants = v.row.values.value(QStringLiteral("Recs_%1").arg(hour)).toLongLong();
     const bool budgetMayEnd =
         ids.isEmpty() || instants <= 0 || m_rows + instants * ids.size() > m_context.tempLogRecSize;
+    m_hourInsert = sql;
+    m_hourValues = values;
     if (!m_cut.isValid() && budgetMayEnd) {
         sql += QStringLiteral(" ORDER BY HI.[Date/Time] %1, HI.[ms] %1, H.rowid LIMIT ?")
                    .arg(direction);
@@ -295,8 +297,17 @@ void SnapshotLoader::cutAtBudget()
                                  .arg(latest, target),
                              {m_dayStartRowid})
                        .toString();
-    // The LIMIT may have split the last instant: it goes to the next slice whole, unless it
-    // is the only instant of this one (a budget smaller than one instant).
+    // The LIMIT may have split the last instant: it goes to the next slice whole. When it is
+    // the only instant of this one (the budget was spent inside it), this file's part of it is
+    // read whole instead, so that no value of the instant is left between two slices.
+    if (previous.isEmpty()) {
+        db.execute(QStringLiteral("DELETE FROM %1 WHERE rowid > ? AND [Date/Time] = ?").arg(target),
+                   {m_hourStartRowid, last});
+        m_rows -= db.handle().getChanges();
+        db.execute(m_hourInsert + QStringLiteral(" AND HI.[Date/Time] = ?"),
+                   m_hourValues + QVariantList{last});
+        m_rows += db.handle().getChanges();
+    }
     const QString reached = previous.isEmpty() ? last : previous;
     db.execute(
         QStringLiteral("DELETE FROM %1 WHERE rowid > ? AND [Date/Time] %2 ?").arg(target, beyond),

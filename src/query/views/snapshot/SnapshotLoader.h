@@ -29,8 +29,8 @@ public:
 
     /// Loads slice `numbers` over the range from `from` to `to` in the view's direction
     /// (`from` later than `to` when descending). The result's `stopped` says the budget ended
-    /// the slice at `reached`; a slice never ends inside an instant unless that instant alone
-    /// is larger than the budget. Throws StorageError when a statement fails.
+    /// the slice at `reached`; a slice never ends inside an instant: a first instant larger
+    /// than the budget is read whole. Throws StorageError when a statement fails.
     /// `files` is the expanded file list the query was created with.
     DayWalk::Result load(const QueryNumbers& numbers, QList<LogFileEntry>& files,
                          const QDateTime& from, const QDateTime& to);
@@ -70,6 +70,9 @@ private:
     qint64 m_dayStartRowid = 0;
     qint64 m_dayStartRows = 0;
     qint64 m_hourStartRowid = 0;
+    /// The insert of the hour just read, before its order and limit, with its values.
+    QString m_hourInsert;
+    QVariantList m_hourValues;
     std::unique_ptr<SqlStatement> m_columnsOf;
     std::unique_ptr<SqlStatement> m_lastRowid;
     /// Set once the budget is spent: later days are not read, other files of the same day
