@@ -192,6 +192,16 @@ double SqlStatement::real(int column) const
     return m_statement->getColumn(column).getDouble();
 }
 
+QByteArrayView SqlStatement::bytes(int column) const
+{
+    const SQLite::Column cell = m_statement->getColumn(column);
+    if (cell.isNull())
+        return {};
+    // The engine converts to text first and counts the bytes of that text.
+    const char* text = cell.getText();
+    return QByteArrayView(text, cell.getBytes());
+}
+
 QString SqlStatement::text(int column) const
 {
     const SQLite::Column cell = m_statement->getColumn(column);

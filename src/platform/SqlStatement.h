@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -52,6 +53,10 @@ public:
     qint64 integer(int column) const;
     double real(int column) const;
     QString text(int column) const;
+    /// The text of a column as the engine holds it (UTF-8), without a copy: valid until the
+    /// statement steps or resets. Empty for NULL. For reads of many rows that look at a text
+    /// without keeping it.
+    QByteArrayView bytes(int column) const;
 
 private:
     [[noreturn]] void fail(const std::exception& e) const;

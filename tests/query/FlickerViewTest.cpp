@@ -2,7 +2,6 @@
 #include "query/views/flicker/FlickerView.h"
 
 #include "InputSimFixture.h"
-#include "MomentSnapshotCheck.h"
 
 using namespace lorvane;
 using namespace lorvane::test;
@@ -32,18 +31,4 @@ TEST(FlickerView, FourBlocksADayAndEveryMaximumAtLeastItsMinimum)
             }
         }
     }
-}
-
-TEST(FlickerView, SnapshotsOfTheSameRangeComeFirstNewestFirst)
-{
-    SimMeters sim;
-    const QString board = sim.meter(QStringLiteral("Board"));
-    QueryContext c = sim.context({board}, "2024-03-04 00:00:00", "2024-03-04 05:59:59");
-    c.descending = true;
-    c.dataIds = {20617};
-    const ViewResult view = FlickerView::run(c);
-    ASSERT_EQ(view.grids.size(), 2);
-    expectMomentSnapshot(view.grids.at(0), board, 1, 3, QStringLiteral("Board"), {20617},
-                         "2024-03-04 00:00:00", "2024-03-04 05:59:59", true);
-    EXPECT_EQ(view.grids.at(1).caption, QStringLiteral("Show Flicker Max/Min"));
 }

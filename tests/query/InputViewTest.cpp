@@ -4,7 +4,6 @@
 #include "query/views/input/InputView.h"
 
 #include "InputSimFixture.h"
-#include "MomentSnapshotCheck.h"
 #include "platform/Fault.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/SqliteDatabase.h"
@@ -141,19 +140,6 @@ TEST(InputView, EmptyRangeAndVanishedMeterGiveAnEmptyGridWithHeadings)
     const ViewResult missing = InputView::run(gone);
     EXPECT_TRUE(missing.noData);
     EXPECT_TRUE(missing.grids.at(0).rows.isEmpty());
-}
-
-TEST(InputView, SnapshotsOfTheSameRangeAreGridOne)
-{
-    SimMeters sim;
-    const QString board = sim.meter(QStringLiteral("Board"));
-    QueryContext c = sim.context({board}, "2024-03-05 09:00:00", "2024-03-05 14:59:59");
-    c.dataIds = {20621};
-    const ViewResult view = InputView::run(c);
-    ASSERT_EQ(view.grids.size(), 3);
-    // The outage from 10:00 to 13:00 leaves its hours out of the snapshots.
-    expectMomentSnapshot(view.grids.at(1), board, 1, 3, QStringLiteral("Board"), {20621},
-                         "2024-03-05 09:00:00", "2024-03-05 14:59:59");
 }
 
 // Fault: a day table missing from the meter file aborted the limit view with the engine's

@@ -3,7 +3,6 @@
 // start-in-range rule, two meters, sort orders and an empty range.
 #include "query/views/limit/LimitView.h"
 
-#include "MomentSnapshotCheck.h"
 #include "WaveformSimMeters.h"
 #include "platform/SqliteDatabase.h"
 #include "query/engine/QueryContext.h"
@@ -183,17 +182,4 @@ TEST(LimitView, TwoMetersSortsAndAnEmptyRange)
     EXPECT_TRUE(none.grids.first().rows.isEmpty());
     EXPECT_EQ(none.grids.first().columns, LimitGrid::columns());
     EXPECT_TRUE(none.rangeText.startsWith(QStringLiteral("No data found: ")));
-}
-
-TEST(LimitView, SnapshotsOfTheSameRangeAreGridOne)
-{
-    WaveformSimMeters sim;
-    QueryContext context =
-        sim.context({WaveformSimMeters::standard()}, "2024-03-04 06:00:00", "2024-03-04 09:59:59");
-    context.dataIds = {21017, 20617};
-    const ViewResult result = LimitView::run(context);
-    ASSERT_EQ(result.grids.size(), 2);
-    lorvane::test::expectMomentSnapshot(result.grids.at(1), WaveformSimMeters::standard().dbPath, 1,
-                                        3, QStringLiteral("Main Switchboard"), {20617, 21017},
-                                        "2024-03-04 06:00:00", "2024-03-04 09:59:59");
 }

@@ -4,7 +4,6 @@
 #include "query/views/relay/RelayView.h"
 
 #include "InputSimFixture.h"
-#include "MomentSnapshotCheck.h"
 #include "platform/SqlIdentifier.h"
 #include "query/views/setup/SetupRecordViews.h"
 
@@ -49,17 +48,4 @@ TEST(RelayView, TripsJoinTheirSettingsAndTheOrphanRowIsDropped)
     // A device type with a gate table adds the gates A to G.
     EXPECT_EQ(SetupRecordViews::relaySetting(db, view.numbers, 1, 1, 0, 1, 0).rows.size(),
               setting.rows.size() + 7);
-}
-
-TEST(RelayView, SnapshotsOfTheSameRangeAreGridOne)
-{
-    SimMeters sim;
-    const QString board = sim.meter(QStringLiteral("Board"));
-    QueryContext c = sim.context({board}, "2024-03-04 17:00:00", "2024-03-04 20:59:59");
-    c.dataIds = {21017, 20617, 20625};
-    const ViewResult view = RelayView::run(c);
-    ASSERT_EQ(view.grids.size(), 3);
-    expectMomentSnapshot(view.grids.at(1), board, 1, 3, QStringLiteral("Board"),
-                         {20617, 20625, 21017}, "2024-03-04 17:00:00", "2024-03-04 20:59:59");
-    EXPECT_EQ(view.grids.at(2).caption, QStringLiteral("Show Relay Settings"));
 }

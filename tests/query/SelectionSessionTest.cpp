@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The selection without a window: the tree of devices and logs a window shows, and the newest
-// meter file of the retrieved-logs folder.
+// The selection without a window: the tree of devices and logs a window shows, the newest
+// meter file of the retrieved-logs folder, and the inputs, relays and demand items of a meter.
 #include "query/selection/SelectionSession.h"
 
 #include "SelectionSimMeters.h"
+#include "platform/SqliteDatabase.h"
+#include "query/engine/LogFileList.h"
+#include "query/selection/MeterItemOffer.h"
 #include "query/selection/ViewButtons.h"
 #include "store/DeviceTypeTable.h"
+#include "store/LogKind.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +17,7 @@
 #include <QSet>
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <tuple>
 
 using namespace lorvane;
 using lorvane::test::SelectionSimMeters;
@@ -112,5 +117,49 @@ TEST(SelectionSession, ChosenItemsTravelWithTheirMetersFileAndRenewTheBuffer)
         EXPECT_EQ(request.files.at(0).items.inputs, chosen.inputs);
         EXPECT_EQ(request.files.at(0).items.relays, chosen.relays);
         EXPECT_EQ(request.files.at(0).items.demandIds, chosen.demandIds);
+    }
+}
+
+// The choice offered for each meter: inputs and relays from the settings tables, demand ids
+// from the energy/demand log; a split-log meter offers those of its log files, not of the
+// system event file it is opened through.
+TEST(SelectionSession, MeterItemOfferReadsEveryLogFileOfTheMeter)
+{
+    SelectionSimMeters sim;
+    for (const bool split : {false, true}) {
+        SelectionSession session(2, sim.scratchPath());
+        const QString path = split ? sim.splitMeter() : sim.meter(QStringLiteral("standard"));
+        ASSERT_TRUE(session.addFile().run(path, QFileInfo(path).fileName(), 0).added);
+        const QList<LogFileEntry> files = session.meters().usedFiles();
+        ASSERT_EQ(files.size(), 1);
+        const MeterItemOffer offer = MeterItemOffer::read(files.first());
+
+        // What the files hold, counted apart from the offer.
+        qint64 inputs = 0;
+        qint64 relays = 0;
+        for (const LogFileEntry& file : LogFileList::expand(files, int(LogKind::Snapshots))) {
+            if (!QFileInfo(file.dbPath).isFile())
+                continue;
+            SqliteDatabase db(file.dbPath, SqliteDatabase::Mode::ReadOnly);
+            for (const auto& [table, column, count] :
+                 {std::tuple{"InputLogDataItem", "InputIndex", &inputs},
+                  std::tuple{"RelayLogDataItem", "RelayIndex", &relays}}) {
+                if (db.tableExists(QLatin1String(table)))
+                    *count += db.scalar(QStringLiteral("SELECT count(DISTINCT [ModuleIndex] * "
+                                                       "1000 + [%1]) FROM %2")
+                                            .arg(QLatin1String(column), QLatin1String(table)))
+                                  .toLongLong();
+            }
+        }
+        SCOPED_TRACE(split ? "split-log meter" : "one file");
+        EXPECT_GT(inputs + relays, 0);
+        EXPECT_EQ(offer.inputs.size(), inputs);
+        EXPECT_EQ(offer.relays.size(), relays);
+        for (const MeterItemOffer::Channel& input : offer.inputs)
+            EXPECT_FALSE(input.label.isEmpty());
+        if (!split) {
+            ASSERT_FALSE(offer.demandIds.isEmpty());
+            EXPECT_TRUE(std::is_sorted(offer.demandIds.cbegin(), offer.demandIds.cend()));
+        }
     }
 }

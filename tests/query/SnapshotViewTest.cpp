@@ -284,6 +284,9 @@ TEST(SnapshotView, PagesAtTheBudgetGoOnFromTheReachedTimeAndRereadNoMeterFile)
 
 // Fault: after the first meter spent the budget, the second was read up to the cut without a
 // limit, so a page of N meters held about N times `TempLogRecSize` values.
+// Fault: when the second meter's share of the first instant of a page did not fit, the page
+// kept part of it and the next page began after it: values of that instant were never shown.
+// The same lost the values of an instant larger than the budget on one meter.
 TEST(SnapshotView, TwoMetersShareTheRowBudgetOfAPage)
 {
     Fixture f;
@@ -294,15 +297,35 @@ TEST(SnapshotView, TwoMetersShareTheRowBudgetOfAPage)
         entry(snapshotMeter(f.dir, QStringLiteral("A.DB"), instants), QStringLiteral("A"), 0),
         entry(snapshotMeter(f.dir, QStringLiteral("B.DB"), instants), QStringLiteral("B"), 1)};
     f.context.tempLogRecSize = 7; // one instant of both meters (6 values) per page
-    f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
-    QStringList times;
-    for (const ViewResult& page :
-         ViewRegistry::instance().find(QStringLiteral("snapshots"))->run(f.context, {1, true})) {
-        EXPECT_LE(page.rowsRead, f.context.tempLogRecSize) << "page " << page.page;
-        times << column(page.grids.first(), 0);
+    // Both directions: the cut and the trim keep the instants first in the order of reading.
+    for (const bool descending : {false, true}) {
+        f.context.descending = descending;
+        if (descending)
+            f.range("2024-03-04 23:59:59", "2024-03-04 00:00:00");
+        else
+            f.range("2024-03-04 00:00:00", "2024-03-04 23:59:59");
+        QStringList times;
+        for (const ViewResult& page : ViewRegistry::instance()
+                                          .find(QStringLiteral("snapshots"))
+                                          ->run(f.context, {1, true})) {
+            EXPECT_LE(page.rowsRead, f.context.tempLogRecSize) << "page " << page.page;
+            EXPECT_EQ(page.grids.first().columns.size(), 4 + 6) << "an instant split between pages";
+            times << column(page.grids.first(), 0);
+        }
+        ASSERT_EQ(times.size(), 3) << descending;
+        EXPECT_TRUE(times.at(descending ? 0 : 2).contains(QStringLiteral("11:00")))
+            << times.join(' ').toStdString();
+        EXPECT_TRUE(times.at(descending ? 2 : 0).contains(QStringLiteral("10:00")))
+            << times.join(' ').toStdString();
     }
-    ASSERT_EQ(times.size(), 3);
-    EXPECT_TRUE(times.at(2).contains(QStringLiteral("11:00"))) << times.join(' ').toStdString();
+    // One meter and a budget smaller than one instant: each page holds a whole instant.
+    f.context.files.removeLast();
+    f.context.tempLogRecSize = 2;
+    const QList<ViewResult> pages =
+        ViewRegistry::instance().find(QStringLiteral("snapshots"))->run(f.context, {1, true});
+    ASSERT_EQ(pages.size(), 3);
+    for (const ViewResult& page : pages)
+        EXPECT_EQ(page.rowsRead, 3) << "page " << page.page;
 }
 
 // Fault: "Group By Type" ordered the type in the chosen direction and the rows within a type

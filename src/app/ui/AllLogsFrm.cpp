@@ -10,6 +10,7 @@
 #include "query/selection/SplitLogMeter.h"
 #include "query/selection/ViewButtons.h"
 #include "query/selection/ui/SelDataPoints.h"
+#include "query/selection/ui/SelMeterItems.h"
 #include "query/selection/ui/SelTimeRange.h"
 #include "query/selection/ui/frmDeviceMasterLog.h"
 #include "store/TempQueryDatabase.h"
@@ -165,6 +166,10 @@ void AllLogsFrm::buildWindow()
         connect(button, &QPushButton::clicked, this, [this, i] { Command3_Click(i); });
         m_selectionButtons.at(static_cast<size_t>(i)) = button;
     }
+    m_itemsButton = new QPushButton(userText("310620", "&Inputs, Relays, Demand"));
+    m_itemsButton->setObjectName(QStringLiteral("cmdMeterItems"));
+    m_itemsButton->setToolTip(userText("310621", "Select the inputs, relays and demand items"));
+    connect(m_itemsButton, &QPushButton::clicked, this, &AllLogsFrm::meterItemsClicked);
 
     m_dmlButton = new QPushButton(userText("310066", "Select &Log"));
     m_dmlButton->setObjectName(QStringLiteral("cmd_DML_Select"));
@@ -211,6 +216,7 @@ void AllLogsFrm::buildWindow()
     selectionGrid->addWidget(m_selectionButtons.at(3), 1, 0, 2, 1, Qt::AlignTop);
     selectionGrid->addWidget(m_startLabel, 1, 1);
     selectionGrid->addWidget(m_endLabel, 2, 1);
+    selectionGrid->addWidget(m_itemsButton, 3, 0);
     selectionGrid->setColumnStretch(1, 1);
 
     auto* viewBox = new QGroupBox(userText("310008", "Views"));
@@ -270,6 +276,12 @@ void AllLogsFrm::installDefaultHooks()
         SelTimeRange dialog(m_time, m_buffer, TimeSelection::dataBounds(m_meters), WallClock::now(),
                             twentyFourHour(m_context.timeFormat), this);
         connect(&dialog, &SelTimeRange::helpRequested, this, &AllLogsFrm::helpRequested);
+        return dialog.exec() == QDialog::Accepted;
+    };
+    runMeterItemsDialog = [this] {
+        SelMeterItems dialog(m_session,
+                             SelMeterItems::metersOf(m_meters, m_context.dictionary.get()), this);
+        connect(&dialog, &SelMeterItems::helpRequested, this, &AllLogsFrm::helpRequested);
         return dialog.exec() == QDialog::Accepted;
     };
     chooseSplitLog = [this](const QString& dmlPath) {
@@ -342,6 +354,28 @@ void AllLogsFrm::Command2_Click(int index)
     case ViewDispatch::Action::Refused:
     case ViewDispatch::Action::SplitLogNeeded:
         break;
+    }
+}
+
+void AllLogsFrm::meterItemsClicked()
+{
+    if (m_context.work.busy())
+        return;
+    try {
+        if (!m_meters.anyMeterSelected()) {
+            userMessages().show(userText("310094", "Please select a meter data file."),
+                                UserMessages::Icon::Warning);
+            return;
+        }
+        runMeterItemsDialog();
+    } catch (const Fault& fault) {
+        userMessages().show(fault.message(), UserMessages::Icon::Warning);
+    } catch (const std::exception& error) {
+        // The offer is read from the meter files: one that fails leaves the choice as it was.
+        userMessages().show(QString::fromLocal8Bit(error.what()), UserMessages::Icon::Warning);
+    } catch (...) {
+        userMessages().show(userText("310099", "The file could not be opened") + u'.',
+                            UserMessages::Icon::Warning);
     }
 }
 
@@ -513,6 +547,7 @@ void AllLogsFrm::enableViewButtons()
     const bool anyMeter = m_meters.usedCount() > 0;
     m_selectionButtons.at(2)->setEnabled(anyMeter);
     m_selectionButtons.at(3)->setEnabled(anyMeter);
+    m_itemsButton->setEnabled(anyMeter);
     m_refresh->setEnabled(anyMeter);
     emit viewButtonsChanged();
 }

@@ -34,6 +34,10 @@ public:
     void Command2_Click(int index);
     /// A selection button press (meter 1/2 file dialog, data points, time range, back, help).
     void Command3_Click(int index);
+    /// The press of the inputs, relays and demand items button.
+    void meterItemsClicked();
+    /// The selection the window shows (the graph windows take the current one from here).
+    SelectionSession& session() { return m_session; }
     /// Opens `path` as meter `meterIndex + 1` as a manual selection does (the .dml
     /// redirection included); false when refused (the message was shown).
     bool openMeterFile(const QString& path, int meterIndex);
@@ -58,6 +62,7 @@ public:
     std::function<QString(int meterIndex)> chooseMeterFile;        // file dialog; empty = cancel
     std::function<bool()> runDataPointDialog;                      // SelDataPoints exec
     std::function<bool()> runTimeRangeDialog;                      // SelTimeRange exec
+    std::function<bool()> runMeterItemsDialog;                     // SelMeterItems exec
     std::function<QString(const QString& dmlPath)> chooseSplitLog; // frmDeviceMasterLog
     /// The watcher of a meter's opening (the frame gives the wait window); none = silent.
     std::function<std::unique_ptr<LoadProgress>()> progressFactory;
@@ -100,6 +105,7 @@ private:
     std::array<QComboBox*, 2> m_combos{};
     std::array<QPushButton*, 6> m_selectionButtons{};
     QPushButton* m_dmlButton = nullptr;
+    QPushButton* m_itemsButton = nullptr;
     std::array<QPushButton*, 15> m_viewButtons{};
     QPushButton* m_refresh = nullptr;
     QLabel* m_startLabel = nullptr;

@@ -12,6 +12,26 @@ namespace lorvane {
 class ValueFormat
 {
 public:
+    /// A number pattern taken apart once, for grids that print many values in one pattern;
+    /// `text` gives what `ValueFormat::text` gives for the same pattern and locale.
+    class Pattern
+    {
+    public:
+        Pattern(const QString& pattern, const QLocale& locale);
+        QString text(double value) const;
+        const QLocale& locale() const { return m_locale; }
+
+    private:
+        QLocale m_locale;
+        int m_required = 0;
+        int m_optional = 0;
+        bool m_grouped = false;
+        bool m_leadingZero = false;
+        QString m_groupSeparator;
+        QString m_decimalPoint;
+        QString m_negativeSign;
+    };
+
     /// The text of a cell without a value.
     static QString nullText() { return QStringLiteral("----"); }
 
@@ -32,6 +52,8 @@ public:
     /// "0.000". Outside the bands the code prints as it stands in `fallbackPattern`.
     static QString powerFactorText(double code, const QString& fallbackPattern,
                                    const QLocale& locale);
+    /// The same with the fallback pattern taken apart already.
+    static QString powerFactorText(double code, const Pattern& fallback);
 };
 
 } // namespace lorvane

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dialogs of the selection window: data points (capacity, OK with nothing, restore, double
 // click), time range (interval bounds, swapped Between, the calendar picker), the date/time
-// picker's clock, and the logs of a Device Master Log.
+// picker's clock, the logs of a Device Master Log, and the inputs, relays and demand items.
 #include "SelectionWindowFixture.h"
 #include "query/selection/DeviceMasterLog.h"
 #include "query/selection/TopQueryBuffer.h"
+#include "query/selection/ViewButtons.h"
 #include "query/selection/ui/SelDataPoints.h"
+#include "query/selection/ui/SelMeterItems.h"
 #include "query/selection/ui/SelTimeRange.h"
 #include "query/selection/ui/frmDeviceMasterLog.h"
 #include "query/selection/ui/selDateTime.h"
@@ -17,6 +19,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -280,4 +283,70 @@ TEST(frmDeviceMasterLog, RowsSelectionDoubleClickAndCancel)
     empty.findChild<QPushButton*>(QStringLiteral("cmd_Cancel"))->click();
     EXPECT_EQ(empty.result(), QDialog::Rejected);
     EXPECT_TRUE(empty.selectedPath().isEmpty());
+}
+
+// Fault: the inputs, relays and demand items the views read could be chosen on the command
+// line only; the window had no control for them.
+TEST(SelMeterItems, TicksPerMeterReachTheSessionAndTooManyDemandItemsAreRefused)
+{
+    SelectionWindowFixture f;
+    AllLogsFrm window(f.context);
+    ASSERT_TRUE(window.openMeterFile(f.sim.meter(QStringLiteral("standard")), 0));
+    ASSERT_TRUE(window.openMeterFile(f.sim.meter(QStringLiteral("talmo")), 1));
+    EXPECT_TRUE(window.findChild<QPushButton*>(QStringLiteral("cmdMeterItems"))->isEnabled());
+    const QList<SelMeterItems::Meter> meters =
+        SelMeterItems::metersOf(window.meters(), f.context.dictionary.get());
+    ASSERT_EQ(meters.size(), 2);
+    ASSERT_GT(meters.at(0).offer.inputs.size(), 1);
+    ASSERT_GT(meters.at(1).offer.relays.size(), 1);
+    ASSERT_FALSE(meters.at(0).demandNames.value(0).isEmpty()) << "named by the dictionary";
+
+    TopQueryBuffer::Row held;
+    held.queryIndex = 3;
+    window.topQueryBuffer().setRow(ViewButtons::Inputs, held);
+    SelMeterItems dialog(window.session(), meters);
+    const auto untick = [&](int which, int row) {
+        dialog.list(which)->item(row)->setCheckState(Qt::Unchecked);
+    };
+    // Nothing chosen yet: every item is read, so every box is ticked.
+    for (int which = 0; which < 3; ++which)
+        for (int row = 0; row < dialog.list(which)->count(); ++row)
+            EXPECT_EQ(dialog.list(which)->item(row)->checkState(), Qt::Checked);
+    untick(0, 0);
+    untick(2, 1);
+    dialog.showMeter(1);
+    untick(1, 0);
+    dialog.showMeter(0);
+    EXPECT_EQ(dialog.list(0)->item(0)->checkState(), Qt::Unchecked) << "meter 1 kept its ticks";
+    dialog.resize(900, 420);
+    dialog.show();
+    EXPECT_TRUE(lorvane::test::saveScreenshot(&dialog, QStringLiteral("select-meter-items")));
+    dialog.accept();
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+
+    const MeterItems first = window.meters().device(0).items;
+    EXPECT_EQ(first.inputs.size(), meters.at(0).offer.inputs.size() - 1);
+    EXPECT_FALSE(first.inputs.contains(meters.at(0).offer.inputs.at(0).place));
+    EXPECT_TRUE(first.relays.isEmpty()) << "all ticked reads every relay";
+    EXPECT_EQ(first.demandIds.size(), meters.at(0).offer.demandIds.size() - 1);
+    const MeterItems second = window.meters().device(1).items;
+    EXPECT_TRUE(second.inputs.isEmpty());
+    EXPECT_EQ(second.relays.size(), meters.at(1).offer.relays.size() - 1);
+    EXPECT_FALSE(window.topQueryBuffer().holds(ViewButtons::Inputs));
+
+    // More demand items than a view reads (all but one of 14 ticked): refused with a message,
+    // nothing changes.
+    ASSERT_TRUE(window.session().setMeterItems(0, MeterItems{}));
+    QList<SelMeterItems::Meter> many{meters.at(0)};
+    many[0].offer.demandIds.clear();
+    for (int i = 0; i <= MeterItems::demandCount + 1; ++i)
+        many[0].offer.demandIds << 26000 + i;
+    SelMeterItems refusing(window.session(), many);
+    refusing.list(2)->item(0)->setCheckState(Qt::Unchecked);
+    refusing.accept();
+    EXPECT_NE(refusing.result(), QDialog::Accepted);
+    EXPECT_EQ(f.messages.texts().value(0), QStringLiteral("Too many demand items selected for ") +
+                                               meters.at(0).name +
+                                               QStringLiteral(". At most 12 can be read."));
+    EXPECT_TRUE(window.meters().device(0).items.demandIds.isEmpty());
 }

@@ -24,38 +24,37 @@ constexpr int fixedColumns = 4;
 /// One line of the wide table before it becomes text.
 struct Line
 {
-    QString stored;
     qint64 clock = 0;
     qint64 ms = 0;
     qint64 mode = 0;
     qint64 type = 0;
     qint64 profile = 0;
-    QString timeText;
     QList<std::optional<double>> values;
 };
 
-/// One value row of the slice as read.
+/// One value row of the slice as read: numbers only, so that a page of many thousand rows
+/// is read and ordered without a text per row.
 struct ValueRow
 {
-    QString stored;
     /// The stored time's digits as one number (YYYYMMDDhhmmss), which orders as the text does.
     qint64 clock = 0;
     qint64 ms = 0;
     qint64 mode = 0;
     qint64 type = 0;
     qint64 profile = 0;
-    qint64 device = 0;
-    qint64 dataId = 0;
-    std::optional<double> value;
     qint64 rowid = 0;
+    /// The row's `Dev_Data` key, as its place in the keys met while reading.
+    int key = 0;
+    bool hasValue = false;
+    double value = 0.0;
 };
 
-qint64 clockNumber(const QString& stored)
+qint64 clockNumber(QByteArrayView stored)
 {
     qint64 number = 0;
-    for (const QChar c : stored) {
-        if (c.isDigit())
-            number = number * 10 + c.digitValue();
+    for (const char c : stored) {
+        if (c >= '0' && c <= '9')
+            number = number * 10 + (c - '0');
     }
     return number;
 }
@@ -65,11 +64,17 @@ QString devData(qint64 device, qint64 dataId)
     return QString::number(device) + QLatin1Char('_') + QString::number(dataId);
 }
 
+/// A scaled format of the slice by device, profile and format id.
+qint64 scaledKey(qint64 device, qint64 profile, qint64 formatId)
+{
+    return (device << 48) ^ (profile << 24) ^ formatId;
+}
+
 } // namespace
 
 SnapshotGrid::SnapshotGrid(const QueryContext& context)
     : m_context(context), m_dateTime(QLocale()),
-      m_plainPattern(ValueFormat::settingsPattern(context.dataFormat))
+      m_plain(ValueFormat::settingsPattern(context.dataFormat), QLocale())
 {
     if (!context.dictionary)
         return;
@@ -96,9 +101,8 @@ QString SnapshotGrid::label(qint32 dataId) const
 }
 
 QString SnapshotGrid::cellText(double value, qint64 deviceIndex, qint32 dataId, qint64 profileIndex,
-                               const QHash<QString, ScaledEnergyFormat>& scaledFormats) const
+                               const QHash<qint64, ScaledCell>& scaledFormats) const
 {
-    const QLocale& locale = m_dateTime.locale();
     // The dictionary's rule of a point is looked up once per point, not once per cell.
     auto rule = m_rules.constFind(dataId);
     if (rule == m_rules.constEnd()) {
@@ -113,20 +117,18 @@ QString SnapshotGrid::cellText(double value, qint64 deviceIndex, qint32 dataId, 
         rule = m_rules.insert(dataId, found);
     }
     if (rule->powerFactor)
-        return ValueFormat::powerFactorText(value, m_plainPattern, locale);
+        return ValueFormat::powerFactorText(value, m_plain);
     if (rule->formatId >= 0) {
-        const QString key =
-            QStringLiteral("%1/%2/%3").arg(deviceIndex).arg(profileIndex).arg(rule->formatId);
-        const auto format = scaledFormats.constFind(key);
+        const auto format =
+            scaledFormats.constFind(scaledKey(deviceIndex, profileIndex, rule->formatId));
         if (format != scaledFormats.constEnd()) {
             // The meter logs the value in the unit its format names: the prefix goes with
             // the number, never a rescaling.
-            const QString prefix = format->unitPrefix();
-            const QString number = ValueFormat::text(value, format->pattern(), locale);
-            return prefix.isEmpty() ? number : number + QLatin1Char(' ') + prefix;
+            const QString number = format->pattern.text(value);
+            return format->prefix.isEmpty() ? number : number + QLatin1Char(' ') + format->prefix;
         }
     }
-    return ValueFormat::text(value, m_plainPattern, locale);
+    return m_plain.text(value);
 }
 
 GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption) const
@@ -149,20 +151,20 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
             devices.insert(select.integer(0), {select.integer(1), select.text(2)});
     }
     // Scaled formats of the slice by device, profile and format id.
-    QHash<QString, ScaledEnergyFormat> scaledFormats;
+    QHash<qint64, ScaledCell> scaledFormats;
     if (m_context.useScaledFormats) {
         SqlStatement select = db.prepare(
             QStringLiteral(
                 "SELECT [DeviceIndex], [ProfileIndex], [FormatID], [Units], [Decimals] FROM ") +
             SqlIdentifier::quote(numbers.sliceTable(QStringLiteral("ScaledFormats_"))));
         while (select.next()) {
-            const QString key = QStringLiteral("%1/%2/%3")
-                                    .arg(select.integer(0))
-                                    .arg(select.integer(1))
-                                    .arg(select.integer(2));
-            if (!scaledFormats.contains(key))
+            const qint64 key = scaledKey(select.integer(0), select.integer(1), select.integer(2));
+            if (!scaledFormats.contains(key)) {
+                const ScaledEnergyFormat format(int(select.integer(3)), int(select.integer(4)));
                 scaledFormats.insert(
-                    key, ScaledEnergyFormat(int(select.integer(3)), int(select.integer(4))));
+                    key, ScaledCell{ValueFormat::Pattern(format.pattern(), m_plain.locale()),
+                                    format.unitPrefix()});
+            }
         }
     }
 
@@ -177,22 +179,45 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
     if (m_context.typeFilter != 0)
         select.bindAll({m_context.typeFilter});
     QList<ValueRow> values;
+    // The keys met while reading, by device and data id as one number, and the stored text of
+    // each instant (the rows of an instant come together, so a text is made once per instant).
+    const auto pairKey = [](qint64 device, qint64 dataId) { return (device << 32) ^ dataId; };
+    QHash<qint64, int> keyIndex;
+    QList<std::pair<qint64, qint64>> keyPairs;
+    QHash<qint64, QString> storedOf;
+    qint64 lastClock = -1;
+    while (select.next()) {
+        const QByteArrayView stored = select.bytes(0);
+        ValueRow row;
+        row.clock = clockNumber(stored);
+        if (row.clock != lastClock) {
+            lastClock = row.clock;
+            if (!storedOf.contains(row.clock))
+                storedOf.insert(row.clock, QString::fromUtf8(stored));
+        }
+        row.ms = select.integer(1);
+        row.mode = select.integer(2);
+        row.type = select.integer(3);
+        row.profile = select.integer(4);
+        const qint64 device = select.integer(5);
+        const qint64 dataId = select.integer(6);
+        row.hasValue = !select.isNull(7);
+        if (row.hasValue)
+            row.value = select.real(7);
+        row.rowid = select.integer(8);
+        const qint64 pair = pairKey(device, dataId);
+        auto found = keyIndex.constFind(pair);
+        if (found == keyIndex.constEnd()) {
+            found = keyIndex.insert(pair, int(keyPairs.size()));
+            keyPairs.append({device, dataId});
+        }
+        row.key = *found;
+        values.append(row);
+    }
     // The pivot's columns: every key of the slice in ascending text order.
     QMap<QString, std::pair<qint64, qint64>> keys;
-    while (select.next()) {
-        ValueRow row{select.text(0),    0,
-                     select.integer(1), select.integer(2),
-                     select.integer(3), select.integer(4),
-                     select.integer(5), select.integer(6),
-                     std::nullopt,      select.integer(8)};
-        row.clock = clockNumber(row.stored);
-        if (!select.isNull(7))
-            row.value = select.real(7);
-        const QString key = devData(row.device, row.dataId);
-        if (!keys.contains(key))
-            keys.insert(key, {row.device, row.dataId});
-        values.append(std::move(row));
-    }
+    for (const auto& [device, dataId] : keyPairs)
+        keys.insert(devData(device, dataId), {device, dataId});
     // The group keys in the view's direction, then the order of reading, so the first value
     // of a key at an instant is the one kept. Grouped by type, the type comes first and
     // always ascending.
@@ -210,15 +235,14 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
                          std::tie(b.mode, b.type, b.profile, b.rowid);
               });
 
-    // Columns by device and data id as one number: the rows below look one up per value.
-    const auto columnKey = [](qint64 device, qint64 dataId) { return (device << 32) ^ dataId; };
-    QHash<qint64, int> columnOf;
+    // The column of each key met while reading: the rows below look one up per value.
+    QList<int> columnOf(keyPairs.size());
     QStringList firstHeading{userText("402007", "Device Index/Type/Data ID"), QString(), QString(),
                              QString()};
     QStringList secondHeading{QString(), QString(), QString(), QString()};
     for (auto key = keys.constBegin(); key != keys.constEnd(); ++key) {
         const auto [device, dataId] = key.value();
-        columnOf.insert(columnKey(device, dataId), int(grid.columns.size()));
+        columnOf[keyIndex.value(pairKey(device, dataId))] = int(grid.columns.size());
         grid.columns << key.key();
         const auto meter = devices.value(device);
         firstHeading << QStringLiteral("%1/%2/%3").arg(device).arg(meter.first).arg(dataId);
@@ -227,23 +251,17 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
     grid.headingRows << firstHeading << secondHeading;
 
     QList<Line> lines;
-    const QString format = m_dateTime.dateTimeFormat();
     const int width = int(grid.columns.size());
     for (const ValueRow& row : values) {
         if (lines.isEmpty() || lines.last().clock != row.clock || lines.last().ms != row.ms ||
             lines.last().mode != row.mode || lines.last().type != row.type ||
             lines.last().profile != row.profile) {
-            Line line{row.stored, row.clock, row.ms, row.mode, row.type, row.profile, {}, {}};
+            Line line{row.clock, row.ms, row.mode, row.type, row.profile, {}};
             line.values.resize(width);
-            const QDateTime clock = StampedTime::parseClock(row.stored);
-            line.timeText =
-                StampedTime(clock, double(row.ms), int(row.mode))
-                    .text(format, m_dateTime.locale(), StampedTime::Fraction::Thousandths);
             lines.append(std::move(line));
         }
-        const int column = columnOf.value(columnKey(row.device, row.dataId));
-        std::optional<double>& cell = lines.last().values[column];
-        if (!cell && row.value)
+        std::optional<double>& cell = lines.last().values[columnOf.at(row.key)];
+        if (!cell && row.hasValue)
             cell = row.value;
     }
 
@@ -274,24 +292,31 @@ GridTable SnapshotGrid::fill(const QueryNumbers& numbers, const QString& caption
         });
     }
 
-    QHash<int, std::pair<qint64, qint32>> columnKeys;
+    QList<std::pair<qint64, qint32>> columnKeys(width);
     for (auto key = keys.constBegin(); key != keys.constEnd(); ++key)
-        columnKeys.insert(columnOf.value(columnKey(key.value().first, key.value().second)),
-                          {key.value().first, qint32(key.value().second)});
+        columnKeys[columnOf.at(keyIndex.value(pairKey(key.value().first, key.value().second)))] = {
+            key.value().first, qint32(key.value().second)};
+    const QString format = m_dateTime.dateTimeFormat();
+    grid.rows.reserve(lines.size());
     for (const Line& line : lines) {
-        QStringList row{line.timeText, QString::number(line.mode), QString::number(line.type),
+        const QString stored = storedOf.value(line.clock);
+        const QString time =
+            StampedTime(StampedTime::parseClock(stored), double(line.ms), int(line.mode))
+                .text(format, m_dateTime.locale(), StampedTime::Fraction::Thousandths);
+        QStringList row{time, QString::number(line.mode), QString::number(line.type),
                         QString::number(line.profile)};
+        row.reserve(width);
         for (int c = fixedColumns; c < width; ++c) {
             const std::optional<double>& value = line.values[c];
             if (!value) {
                 row << ValueFormat::nullText();
                 continue;
             }
-            const auto [device, dataId] = columnKeys.value(c);
+            const auto [device, dataId] = columnKeys.at(c);
             row << cellText(*value, device, dataId, line.profile, scaledFormats);
         }
         grid.rows << row;
-        grid.rowKeys << QVariantMap{{QStringLiteral("Date/Time"), line.stored},
+        grid.rowKeys << QVariantMap{{QStringLiteral("Date/Time"), stored},
                                     {QStringLiteral("ms"), line.ms},
                                     {QStringLiteral("DTmode"), line.mode}};
         grid.rowPictures << QString();

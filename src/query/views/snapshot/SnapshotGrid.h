@@ -3,6 +3,7 @@
 
 #include "query/engine/GridTable.h"
 #include "query/engine/QueryCatalog.h"
+#include "query/engine/ValueFormat.h"
 #include "store/DateTimeText.h"
 #include "store/DeviceDataLookUp.h"
 #include "store/DeviceScaledFormats.h"
@@ -36,8 +37,15 @@ public:
     GridTable fill(const QueryNumbers& numbers, const QString& caption) const;
 
 private:
+    /// A scaled format of the slice, its pattern taken apart once.
+    struct ScaledCell
+    {
+        ValueFormat::Pattern pattern;
+        QString prefix;
+    };
+
     QString cellText(double value, qint64 deviceIndex, qint32 dataId, qint64 profileIndex,
-                     const QHash<QString, ScaledEnergyFormat>& scaledFormats) const;
+                     const QHash<qint64, ScaledCell>& scaledFormats) const;
     QString label(qint32 dataId) const;
 
     /// How the cells of one data point are formatted, from the dictionary.
@@ -49,7 +57,7 @@ private:
 
     const QueryContext& m_context;
     DateTimeText m_dateTime;
-    QString m_plainPattern;
+    ValueFormat::Pattern m_plain;
     DeviceDataLookUp m_lookUp;
     DeviceScaledFormats m_scaledFormats;
     mutable QHash<qint32, QString> m_labels;

@@ -78,12 +78,17 @@ DayWalk::Result SnapshotLoader::load(const QueryNumbers& numbers, QList<LogFileE
 {
     m_numbers = numbers;
     m_target = numbers.sliceTable(QStringLiteral("HistLog_"));
-    m_timeIndex = numbers.table(QStringLiteral("HLogTimeIndex_"));
-    m_context.scratch->database().execute(
-        QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 ([Date/TimeIndex])")
-            .arg(SqlIdentifier::quote(m_timeIndex + QStringLiteral("_Key")),
-                 SqlIdentifier::quote(m_timeIndex)));
+    // Whether a table of an attached file exists, and whether it has the profile index
+    // column; the file's schema is a bound value, so one statement serves every hour.
+    m_columnsOf = std::make_unique<SqlStatement>(m_context.scratch->database().prepare(
+        QStringLiteral("SELECT count(*), coalesce(max(lower(name) = 'profileindex'), 0) FROM "
+                       "pragma_table_info(?, ?)")));
+    m_lastRowid = std::make_unique<SqlStatement>(m_context.scratch->database().prepare(
+        QStringLiteral("SELECT coalesce(max(rowid), 0) FROM ") + SqlIdentifier::quote(m_target)));
     m_rows = 0;
+    m_day = {};
+    m_dayStartRowid = 0;
+    m_dayStartRows = 0;
     m_cut = {};
     m_cutDay = {};
     m_bothModes = false;
@@ -99,6 +104,8 @@ DayWalk::Result SnapshotLoader::load(const QueryNumbers& numbers, QList<LogFileE
     DayWalk::Result result =
         walk.run(files, masterTable(m_logKind), word, from, to, m_context.descending,
                  [this](const DayVisit& v) { return visit(v); });
+    m_columnsOf.reset();
+    m_lastRowid.reset();
     result.rows =
         m_context.scratch->database()
             .scalar(QStringLiteral("SELECT count(*) FROM ") + SqlIdentifier::quote(m_target))
@@ -119,6 +126,11 @@ VisitResult SnapshotLoader::visit(const DayVisit& v)
     if (m_cut.isValid() && v.row.day != m_cutDay)
         return VisitResult{0, true, m_cut};
     copyScaledFormats(v);
+    if (v.row.day != m_day) {
+        m_day = v.row.day;
+        m_dayStartRowid = lastRowid();
+        m_dayStartRows = m_rows;
+    }
     qint64 added = 0;
     for (int step = 0; step < 24; ++step) {
         const int hour = v.descending ? 23 - step : step;
@@ -137,7 +149,7 @@ VisitResult SnapshotLoader::visit(const DayVisit& v)
         const bool beforeCut = m_cut.isValid();
         added += readHour(v, hour, from, to);
         if (!beforeCut && m_rows >= m_context.tempLogRecSize) {
-            cutAtBudget(v.file->deviceIndex + 1);
+            cutAtBudget();
             m_cutDay = v.row.day;
             break;
         }
@@ -157,43 +169,40 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
     const QString timeTable = SchemaCatalog::hourTimeIndexTable(kind, v.row.logTablesIndex, hour);
     const QString valueTable = SchemaCatalog::hourValueTable(kind, v.row.logTablesIndex, hour);
     // An hour the day's row flags without its tables is damaged, as a missing day table is in
-    // every other log: the walk reports it with the meter file and the table.
-    for (const QString& table : {timeTable, valueTable}) {
-        if (!attachedTableExists(db, v.schema, table))
+    // every other log: the walk reports it with the meter file and the table. One prepared
+    // look-up of the attached file's columns serves every hour of the load.
+    bool hasProfile = false;
+    for (const QString& table : {valueTable, timeTable}) {
+        m_columnsOf->bindAll({table, v.schema});
+        const bool exists = m_columnsOf->next() && m_columnsOf->integer(0) != 0;
+        // Files before the profile index column came read it as profile 0.
+        hasProfile = exists && m_columnsOf->integer(1) != 0;
+        m_columnsOf->reset();
+        if (!exists)
             throw StorageError(StorageError::Kind::Engine, v.file->dbPath,
                                QStringLiteral("no such table: ") + table);
     }
 
-    const QString index = SqlIdentifier::quote(m_timeIndex);
-    db.execute(QStringLiteral("DELETE FROM ") + index);
-    // Files before the profile index column came read it as profile 0.
-    const bool hasProfile =
-        db.hasRows(QStringLiteral("SELECT 1 FROM pragma_table_info(?, ?) WHERE name = ?"),
-                   {timeTable, v.schema, QStringLiteral("ProfileIndex")});
-    db.execute(QStringLiteral("INSERT INTO %1 ([Date/TimeIndex], [Date/Time], [ms], [DTmode], "
-                              "[TypeID], [ProfileIndex]) SELECT [Date/TimeIndex], [Date/Time], "
-                              "[ms], [DTmode], [TypeID], %2 FROM %3 WHERE [Date/Time] BETWEEN ? "
-                              "AND ?")
-                   .arg(index, hasProfile ? QStringLiteral("[ProfileIndex]") : QStringLiteral("0"),
-                        qualified(v.schema, timeTable)),
-               {QueryCatalog::stamp(from), QueryCatalog::stamp(to)});
-
-    const int excluded = excludedModeOfHour();
+    const QString times = qualified(v.schema, timeTable);
+    const QVariantList bounds{QueryCatalog::stamp(from), QueryCatalog::stamp(to)};
+    const int excluded = excludedModeOfHour(times, bounds);
     const QList<qint64>& ids = idsOf(*v.file);
     const QString direction = v.descending ? QStringLiteral("DESC") : QStringLiteral("ASC");
-    // Rows arrive already stamped with their file's device index: stamping them afterwards
-    // would scan the whole slice table once per hour. The value table is read in its own
-    // order (no index of the writer's may reorder it), and the copied time index is the
-    // indexed side, so the join costs one look-up per value.
-    QString sql = QStringLiteral("INSERT INTO %1 ([DataID], [Value], [Date/Time], [ms], [DTmode], "
-                                 "[TypeID], [ProfileIndex], [DeviceIndex]) SELECT H.[DataID], "
-                                 "H.[Value], HI.[Date/Time], HI.[ms], HI.[DTmode], HI.[TypeID], "
-                                 "HI.[ProfileIndex], ? FROM %3 AS H NOT INDEXED CROSS JOIN %2 AS "
-                                 "HI ON H.[Date/TimeIndex] = HI.[Date/TimeIndex] WHERE 1")
-                      .arg(SqlIdentifier::quote(m_target), index, qualified(v.schema, valueTable)) +
-                  filterSql(ids);
+    // The hour's tables are joined where they stand in the meter file, with no copy of the
+    // time index: the value table is read once in its own order (no index of the writer's
+    // may reorder it) and the engine's automatic index over the hour's few instants makes
+    // each value one look-up. Rows arrive stamped with their file's device index.
+    QString sql =
+        QStringLiteral("INSERT INTO %1 ([DataID], [Value], [Date/Time], [ms], [DTmode], "
+                       "[TypeID], [ProfileIndex], [DeviceIndex]) SELECT H.[DataID], H.[Value], "
+                       "HI.[Date/Time], HI.[ms], HI.[DTmode], HI.[TypeID], %4, ? FROM %3 AS H "
+                       "NOT INDEXED CROSS JOIN %2 AS HI ON H.[Date/TimeIndex] = "
+                       "HI.[Date/TimeIndex] WHERE HI.[Date/Time] BETWEEN ? AND ?")
+            .arg(SqlIdentifier::quote(m_target), times, qualified(v.schema, valueTable),
+                 hasProfile ? QStringLiteral("HI.[ProfileIndex]") : QStringLiteral("0")) +
+        filterSql(ids);
     QVariantList values{qint64(v.file->deviceIndex + 1)};
-    values << filterValues(ids);
+    values << bounds << filterValues(ids);
     if (excluded >= 0) {
         sql += QStringLiteral(" AND HI.[DTmode] <> ?");
         values << excluded;
@@ -203,33 +212,49 @@ qint64 SnapshotLoader::readHour(const DayVisit& v, int hour, const QDateTime& fr
     const qint64 instants = v.row.values.value(QStringLiteral("Recs_%1").arg(hour)).toLongLong();
     const bool budgetMayEnd =
         ids.isEmpty() || instants <= 0 || m_rows + instants * ids.size() > m_context.tempLogRecSize;
+    m_hourInsert = sql;
+    m_hourValues = values;
     if (!m_cut.isValid() && budgetMayEnd) {
         sql += QStringLiteral(" ORDER BY HI.[Date/Time] %1, HI.[ms] %1, H.rowid LIMIT ?")
                    .arg(direction);
         values << std::max<qint64>(0, m_context.tempLogRecSize - m_rows);
     }
+    m_hourStartRowid = lastRowid();
     db.execute(sql, values);
     const qint64 added = db.handle().getChanges();
     m_rows += added;
     return added;
 }
 
-int SnapshotLoader::excludedModeOfHour()
+qint64 SnapshotLoader::lastRowid()
+{
+    m_lastRowid->next();
+    const qint64 rowid = m_lastRowid->integer(0);
+    m_lastRowid->reset();
+    return rowid;
+}
+
+int SnapshotLoader::excludedModeOfHour(const QString& times, const QVariantList& bounds)
 {
     SqliteDatabase& db = m_context.scratch->database();
-    const QString index = SqlIdentifier::quote(m_timeIndex);
-    const bool mode0 = db.hasRows(QStringLiteral("SELECT 1 FROM %1 WHERE [DTmode] = 0").arg(index));
-    const bool mode1 = db.hasRows(QStringLiteral("SELECT 1 FROM %1 WHERE [DTmode] = 1").arg(index));
+    const QString inHour = QStringLiteral(" FROM %1 WHERE [Date/Time] BETWEEN ? AND ?").arg(times);
+    SqlStatement modes =
+        db.prepare(QStringLiteral("SELECT max([DTmode] = 0), max([DTmode] = 1)") + inHour);
+    modes.bindAll(bounds);
+    const bool read = modes.next();
+    const bool mode0 = read && modes.integer(0) != 0;
+    const bool mode1 = read && modes.integer(1) != 0;
     if (mode0 && mode1) {
         if (!m_bothModes) {
             // Keep the mode that was being read; with nothing read yet, the mode of the first
             // instant in the direction of reading.
             int kept = m_lastMode;
             if (kept < 0)
-                kept = db.scalar(QStringLiteral("SELECT [DTmode] FROM %1 ORDER BY "
-                                                "[Date/TimeIndex] %2 LIMIT 1")
-                                     .arg(index, m_context.descending ? QStringLiteral("DESC")
-                                                                      : QStringLiteral("ASC")))
+                kept = db.scalar(QStringLiteral("SELECT [DTmode]") + inHour +
+                                     QStringLiteral(" ORDER BY [Date/TimeIndex] %1 LIMIT 1")
+                                         .arg(m_context.descending ? QStringLiteral("DESC")
+                                                                   : QStringLiteral("ASC")),
+                                 bounds)
                            .toInt();
             m_bothModes = true;
             m_excludedMode = kept == 0 ? 1 : 0;
@@ -244,33 +269,49 @@ int SnapshotLoader::excludedModeOfHour()
     return -1;
 }
 
-void SnapshotLoader::cutAtBudget(qint64 deviceIndex)
+void SnapshotLoader::cutAtBudget()
 {
     SqliteDatabase& db = m_context.scratch->database();
     const QString target = SqlIdentifier::quote(m_target);
     const bool descending = m_context.descending;
-    // The last instant this file got to; files read before it on the same day may have gone
-    // further, and those rows belong to the next slice as well.
-    const QString last =
-        db.scalar(QStringLiteral("SELECT %1([Date/Time]) FROM %2 WHERE "
-                                 "[DeviceIndex] = ?")
-                      .arg(descending ? QStringLiteral("min") : QStringLiteral("max"), target),
-                  {deviceIndex})
-            .toString();
+    const QString latest = descending ? QStringLiteral("min") : QStringLiteral("max");
+    const QString before = descending ? QStringLiteral(">") : QStringLiteral("<");
     const QString beyond = descending ? QStringLiteral("<") : QStringLiteral(">");
-    const QString previous =
-        db.scalar(QStringLiteral("SELECT %1([Date/Time]) FROM %2 WHERE [Date/Time] %3 ?")
-                      .arg(descending ? QStringLiteral("min") : QStringLiteral("max"), target,
-                           descending ? QStringLiteral(">") : QStringLiteral("<")),
-                  {last})
+    // The last instant this file got to is in the hour just read; files read before it on
+    // the same day may have gone further, and those rows belong to the next slice as well.
+    // Only the rows of this day can lie beyond it: every earlier day of the walk is behind
+    // the cut, so the look-ups go by row number over the day's rows alone.
+    const QString last =
+        db.scalar(
+              QStringLiteral("SELECT %1([Date/Time]) FROM %2 WHERE rowid > ?").arg(latest, target),
+              {m_hourStartRowid})
             .toString();
-    // The LIMIT may have split the last instant: it goes to the next slice whole, unless it
-    // is the only instant of this one (a budget smaller than one instant).
-    QString reached = last;
-    if (!previous.isEmpty())
-        reached = previous;
-    db.execute(QStringLiteral("DELETE FROM %1 WHERE [Date/Time] %2 ?").arg(target, beyond),
-               {reached});
+    QString previous =
+        db.scalar(QStringLiteral("SELECT %1([Date/Time]) FROM %2 WHERE rowid > ? AND "
+                                 "[Date/Time] %3 ?")
+                      .arg(latest, target, before),
+                  {m_dayStartRowid, last})
+            .toString();
+    if (previous.isEmpty())
+        previous = db.scalar(QStringLiteral("SELECT %1([Date/Time]) FROM %2 WHERE rowid <= ?")
+                                 .arg(latest, target),
+                             {m_dayStartRowid})
+                       .toString();
+    // The LIMIT may have split the last instant: it goes to the next slice whole. When it is
+    // the only instant of this one (the budget was spent inside it), this file's part of it is
+    // read whole instead, so that no value of the instant is left between two slices.
+    if (previous.isEmpty()) {
+        db.execute(QStringLiteral("DELETE FROM %1 WHERE rowid > ? AND [Date/Time] = ?").arg(target),
+                   {m_hourStartRowid, last});
+        m_rows -= db.handle().getChanges();
+        db.execute(m_hourInsert + QStringLiteral(" AND HI.[Date/Time] = ?"),
+                   m_hourValues + QVariantList{last});
+        m_rows += db.handle().getChanges();
+    }
+    const QString reached = previous.isEmpty() ? last : previous;
+    db.execute(
+        QStringLiteral("DELETE FROM %1 WHERE rowid > ? AND [Date/Time] %2 ?").arg(target, beyond),
+        {m_dayStartRowid, reached});
     m_rows -= db.handle().getChanges();
     m_cut = StampedTime::parseClock(reached);
 }
@@ -281,21 +322,33 @@ qint64 SnapshotLoader::trimToBudget()
     const QString target = SqlIdentifier::quote(m_target);
     const bool descending = m_context.descending;
     // Whole instants in the order of reading, as many as the budget holds (at least one).
+    // The days before the cut's are whole and within the budget: only the cut day's instants
+    // are counted, on top of the rows the slice held when the day began.
     SqlStatement instants =
-        db.prepare(QStringLiteral("SELECT [Date/Time], count(*) FROM %1 GROUP BY [Date/Time] "
-                                  "ORDER BY [Date/Time] %2")
+        db.prepare(QStringLiteral("SELECT [Date/Time], count(*) FROM %1 WHERE rowid > ? GROUP BY "
+                                  "[Date/Time] ORDER BY [Date/Time] %2")
                        .arg(target, descending ? QStringLiteral("DESC") : QStringLiteral("ASC")));
-    qint64 total = 0;
+    instants.bindAll({m_dayStartRowid});
+    qint64 total = m_dayStartRows;
     QString kept;
     while (instants.next()) {
         total += instants.value(1).toLongLong();
-        if (total > m_context.tempLogRecSize && !kept.isEmpty())
+        if (total > m_context.tempLogRecSize && (m_dayStartRows > 0 || !kept.isEmpty()))
             break;
         kept = instants.text(0);
     }
-    db.execute(QStringLiteral("DELETE FROM %1 WHERE [Date/Time] %2 ?")
-                   .arg(target, descending ? QStringLiteral("<") : QStringLiteral(">")),
-               {kept});
+    if (kept.isEmpty()) {
+        // Not one instant of the cut day fits: the slice ends with the day before.
+        db.execute(QStringLiteral("DELETE FROM %1 WHERE rowid > ?").arg(target), {m_dayStartRowid});
+        kept =
+            db.scalar(QStringLiteral("SELECT %1([Date/Time]) FROM %2")
+                          .arg(descending ? QStringLiteral("min") : QStringLiteral("max"), target))
+                .toString();
+    } else {
+        db.execute(QStringLiteral("DELETE FROM %1 WHERE rowid > ? AND [Date/Time] %2 ?")
+                       .arg(target, descending ? QStringLiteral("<") : QStringLiteral(">")),
+                   {m_dayStartRowid, kept});
+    }
     const qint64 removed = db.handle().getChanges();
     m_rows -= removed;
     m_cut = StampedTime::parseClock(kept);
