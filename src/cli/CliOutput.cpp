@@ -124,7 +124,10 @@ QString CliOutput::usageText()
                           "[--template PATH] [--dictionary PATH]   the grids of a view "
                           "(snapshots, demand, ...)\n"
                           "  waveform --meter FILE --record N [--json] [--samples csv] "
-                          "[--template PATH]   header or samples of one waveform capture\n");
+                          "[--template PATH]   header or samples of one waveform capture\n"
+                          "  relay-logic --meter FILE --gindex N [--json | --out "
+                          "FILE.svg|png|pdf] [--template PATH]   the relay logic tree of one "
+                          "relay record\n");
 }
 
 int CliOutput::usage(const QString& message)

@@ -6,6 +6,7 @@
 #include "ExitCode.h"
 #include "FaultExitCode.h"
 #include "ScratchTemplate.h"
+#include "WholeMeterScratch.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/StorageError.h"
@@ -372,43 +373,15 @@ int WaveformCommand::run(const QStringList& arguments)
         return FileMissing;
     }
     try {
-        // A split-log meter is opened through its system event database, as the selection
-        // window does; the view then finds its capture logs beside it.
-        const QString path = SplitLogMeter::isDeviceMasterLog(o.meter)
-                                 ? SplitLogMeter::systemEventPath(o.meter)
-                                 : o.meter;
-        MeterDatabase meter(path);
-        const DeviceRecord device = MeterInventory::read(meter, 0);
-        LogFileEntry entry;
-        entry.dbPath = QFileInfo(path).absoluteFilePath();
-        entry.deviceTypeId = device.deviceTypeId;
-        entry.hardwareName = device.hardwareName;
-        entry.used = true;
-        entry.deviceIndex = 0;
-
-        QTemporaryDir scratchFolder;
-        if (!scratchFolder.isValid()) {
-            CliOutput::error(QStringLiteral("cannot make a scratch folder: ") +
-                             scratchFolder.errorString());
-            return Failure;
-        }
-        auto scratch = createScratch(o.templatePath, scratchFolder.path());
-        // Every capture of the file, whatever its day, in one slice.
-        QueryContext context;
-        context.scratch = scratch.get();
-        context.files << entry;
-        context.start = QDateTime(QDate(1980, 1, 1), QTime(0, 0, 0));
-        context.end = QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59));
-        context.tempLogRecSize = std::numeric_limits<int>::max();
+        WholeMeterScratch whole(o.meter, o.templatePath);
         SilentProgress progress;
-        context.progress = &progress;
-        const ViewResult view = WaveformView::run(context);
+        auto& scratch = whole.scratch();
+        const ViewResult view = WaveformView::run(whole.context());
 
         WaveformCapture capture;
-        const bool opened = capture.open(scratch->database(), view.numbers, o.record, &progress);
+        const bool opened = capture.open(scratch.database(), view.numbers, o.record, &progress);
         if (!opened) {
             CliOutput::error(capture.message());
-            scratch->closeAndDelete();
             return exitCodeFor(capture.failure());
         }
         int code = Success;
@@ -422,7 +395,6 @@ int WaveformCommand::run(const QStringList& arguments)
             CliOutput::printJson(header(capture));
         else
             printText(header(capture));
-        scratch->closeAndDelete();
         return code;
     } catch (const Fault& fault) {
         rethrowNaming(fault, o.meter);

@@ -12,6 +12,9 @@ GraphRegistry::GraphRegistry()
     m_graphs = {
         {int(LogKind::Waveform), QStringLiteral("waveform"),
          QStringLiteral("capture channels over time with their statistics and spectra")},
+        {int(LogKind::Relays), QStringLiteral("relay-logic"),
+         QStringLiteral("a relay record's path from limits and inputs through gates and delays "
+                        "to the trip")},
     };
 }
 

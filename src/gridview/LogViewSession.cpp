@@ -424,12 +424,19 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
         }
         break;
     case LogKind::Relays:
-        // The relay logic tree is not built yet: the messages before it are answered, and
-        // the window keeps the button disabled.
-        if (empty)
+        if (empty) {
             message(userText("406012", "There are no relays"));
-        else if (!selected)
+        } else if (!selected) {
             message(userText("406014", "Please select a relay record  to graph"));
+        } else {
+            // The relay logic window steps through the grid's relay rows from the chosen one.
+            action.kind = GraphAction::Kind::Graph;
+            action.selection.logKind = int(entry.logKind);
+            action.selection.numbers = entry.result.numbers;
+            action.selection.rows = grid.rowKeys;
+            action.selection.position = row;
+            action.selection.caption = entry.result.rangeText;
+        }
         break;
     case LogKind::Snapshots:
     case LogKind::Demand:

@@ -17,6 +17,7 @@
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
 #include "platform/ui/SingleInstanceChannel.h"
+#include "relaylogic/ui/RelayLogicMaker.h"
 #include "store/TempQueryDatabase.h"
 #include "waveform/ui/WaveGraphMaker.h"
 #include "waveform/ui/WaveGraphSetup.h"
@@ -157,6 +158,10 @@ void TalLorvane::createChildren()
                             if (frame)
                                 frame->showHelp(topic);
                         });
+    RelayLogicMaker::add(m_context, [frame = QPointer<TalLorvane>(this)](const QString& topic) {
+        if (frame)
+            frame->showHelp(topic);
+    });
 
     connect(m_selection, &AllLogsFrm::viewRequested, this,
             [this](const ViewDispatch::Request& request) {
