@@ -59,11 +59,12 @@ void RelayLogicLayout::place(RelayLogicTree& tree)
             break;
         case Kind::Delay:
             node.column = pathColumn + 1;
-            // The reset delay has nothing before it: it stands a row below the set delay.
+            // The reset delay has nothing before it: it stands two rows below the set delay,
+            // room for the two lines of each.
             if (node.number == 1)
                 setRow = node.row = meanRow(tree, sources.at(i), 0.0);
             else
-                node.row = setRow + 1.0;
+                node.row = setRow + 2.0;
             break;
         case Kind::Relay:
             node.column = pathColumn + 2;

@@ -8,8 +8,9 @@ namespace lorvane {
 /// Places the nodes of a relay logic tree in columns and rows: inputs in column 0 one row
 /// each in input order, each gate one column right of the farthest of what feeds it, the set
 /// paths in the column after the last gate, then the delays and the relay. A gate or set path
-/// stands at the mean row of what feeds it, the relay between the two delays. Since the gate
-/// tree keeps its inputs in order and every node sits between its sources, no two edges cross.
+/// stands at the mean row of what feeds it, the reset delay two rows below the set delay, the
+/// relay between the two. Since the gate tree keeps its inputs in order and every node sits
+/// between its sources, no two edges cross.
 class RelayLogicLayout
 {
 public:

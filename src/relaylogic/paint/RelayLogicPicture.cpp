@@ -41,7 +41,7 @@ class Frame
 public:
     Frame(QPainter& painter, const QRectF& area, const RelayLogicTree& tree)
     {
-        const double lineHeight = std::clamp(area.height() / 40.0, 9.0, 14.0);
+        const double lineHeight = std::clamp(area.height() / 34.0, 9.0, 15.0);
         QFont font = painter.font();
         font.setPixelSize(int(lineHeight));
         painter.setFont(font);
@@ -61,7 +61,7 @@ public:
                          return metrics.horizontalAdvance(a) < metrics.horizontalAdvance(b);
                      });
         const double right =
-            area.right() - std::max(metrics.horizontalAdvance(relayText) / 2 + 6, m_line * 2.5);
+            area.right() - std::max(metrics.horizontalAdvance(relayText) * 0.55 + 8, m_line * 2.5);
         m_left = area.left() + 10 + m_labelWidth + m_line;
         m_step = tree.columns > 1 ? (right - m_left) / (tree.columns - 1) : 0.0;
         m_rowHeight = (bottom - top) / std::max(1.0, tree.rows);

@@ -33,6 +33,7 @@ FrmRelayLogic::FrmRelayLogic(SqliteDatabase& scratch, const QueryNumbers& number
     m_model = new GridTableModel(this);
     m_grid->setModel(m_model);
     m_grid->verticalHeader()->hide();
+    m_grid->verticalHeader()->setDefaultSectionSize(m_grid->fontMetrics().height() + 6);
     m_grid->horizontalHeader()->setStretchLastSection(true);
     m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
