@@ -139,12 +139,6 @@ int RelayLogicCommand::run(const QStringList& arguments)
     Options o;
     if (const int code = parse(arguments, o); code != Success)
         return code;
-    if (o.templatePath.isEmpty())
-        o.templatePath = installedTemplate();
-    if (!QFileInfo(o.meter).isFile()) {
-        CliOutput::error(QStringLiteral("file not found: ") + o.meter);
-        return FileMissing;
-    }
     try {
         WholeMeterScratch whole(o.meter, o.templatePath);
         const ViewResult view = RelayView::run(whole.context());

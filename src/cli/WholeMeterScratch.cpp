@@ -13,8 +13,13 @@
 
 namespace lorvane::cli {
 
-WholeMeterScratch::WholeMeterScratch(const QString& meter, const QString& templatePath)
+WholeMeterScratch::WholeMeterScratch(const QString& meter, QString templatePath)
 {
+    if (!QFileInfo(meter).isFile())
+        throw Fault(Fault::Kind::FileMissing, QStringLiteral("file not found: ") + meter,
+                    QStringLiteral("open"), meter);
+    if (templatePath.isEmpty())
+        templatePath = installedTemplate();
     // A split-log meter is opened through its system event database, as the selection window
     // does; the views then find its other logs beside it.
     const QString path =

@@ -16,9 +16,10 @@ namespace lorvane::cli {
 class WholeMeterScratch
 {
 public:
-    /// Throws Fault (a scratch folder or template that fails, a meter that does not open) or
-    /// StorageError.
-    WholeMeterScratch(const QString& meter, const QString& templatePath);
+    /// `templatePath` empty: the installed template. Throws Fault (a meter file that is not
+    /// there: "file not found: {path}"; a scratch folder or template that fails, a meter that
+    /// does not open) or StorageError.
+    WholeMeterScratch(const QString& meter, QString templatePath);
     ~WholeMeterScratch();
 
     QueryContext& context() { return m_context; }
