@@ -10,6 +10,7 @@
 #include "relaylogic/ui/RelayLogicCanvas.h"
 #include "support/ui/Screenshot.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -74,6 +75,11 @@ TEST(FrmRelayLogic, ShowsTheTreesOfAnAndRelayAndAHysteresisRelay)
         EXPECT_TRUE(saveScreenshot(&run.window, QString::fromLatin1(c.screenshot)));
     }
     EXPECT_TRUE(run.messages.texts().isEmpty()) << run.messages.texts().join(u'|').toStdString();
+    // Print takes the grid along only while every line of it is shown.
+    EXPECT_TRUE(run.window.gridPrintable());
+    run.window.resize(700, 420);
+    QApplication::processEvents();
+    EXPECT_FALSE(run.window.gridPrintable());
 }
 
 TEST(FrmRelayLogic, StepsStopAtBothEndsAndAFailedReadKeepsTheTree)
