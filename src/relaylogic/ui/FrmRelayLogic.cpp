@@ -25,7 +25,6 @@ FrmRelayLogic::FrmRelayLogic(SqliteDatabase& scratch, const QueryNumbers& number
     : QWidget(parent, Qt::Window), m_session(scratch, numbers, std::move(rows))
 {
     setObjectName(QStringLiteral("FrmRelayLogic"));
-    setAttribute(Qt::WA_DeleteOnClose);
     m_page = new QWidget(this);
     m_picture = new RelayLogicCanvas(m_page);
     m_grid = new QTableView(m_page);
@@ -55,7 +54,8 @@ FrmRelayLogic::FrmRelayLogic(SqliteDatabase& scratch, const QueryNumbers& number
     connect(m_commands[Print], &QPushButton::clicked, this, &FrmRelayLogic::print);
     connect(m_commands[Previous], &QPushButton::clicked, this, [this] { step(-1); });
     connect(m_commands[Next], &QPushButton::clicked, this, [this] { step(1); });
-    connect(m_commands[Ok], &QPushButton::clicked, this, &QWidget::close);
+    // OK closes the frame's sub-window that holds the window (or the window standing alone).
+    connect(m_commands[Ok], &QPushButton::clicked, this, [this] { window()->close(); });
     connect(m_commands[Help], &QPushButton::clicked, this,
             [this] { emit helpRequested(QStringLiteral("LRRelayLogic")); });
 

@@ -4,10 +4,13 @@
 // record that fails to read leaving the last good tree.
 #include "relaylogic/ui/FrmRelayLogic.h"
 
+#include "app/RunContext.h"
+#include "graph/ui/GraphWindows.h"
 #include "platform/SqlIdentifier.h"
 #include "platform/UserMessages.h"
 #include "relaylogic/RelaySimMeter.h"
 #include "relaylogic/ui/RelayLogicCanvas.h"
+#include "relaylogic/ui/RelayLogicMaker.h"
 #include "support/ui/Screenshot.h"
 
 #include <QApplication>
@@ -112,4 +115,34 @@ TEST(FrmRelayLogic, StepsStopAtBothEndsAndAFailedReadKeepsTheTree)
     EXPECT_EQ(run.window.session().tree()->gIndex, shown);
     EXPECT_EQ(run.window.session().position(), run.window.session().count() - 1);
     EXPECT_GT(run.window.grid()->model()->rowCount(), 0);
+}
+
+TEST(FrmRelayLogic, GraphOfTheRelayGridOpensTheChosenRecord)
+{
+    RelaySimMeter sim;
+    RecordedMessages messages;
+    ScopedUserMessages scope(messages);
+    RunContext context;
+    const QueryNumbers numbers = sim.view.numbers;
+    const QList<QVariantMap> rows = sim.relays().rowKeys;
+    context.scratch = std::move(sim.scratch);
+    RelayLogicMaker::add(context, {});
+    ASSERT_TRUE(GraphWindows::has(int(LogKind::Relays)));
+    GraphSelection selection{int(LogKind::Relays), numbers, rows, 2, QString()};
+    std::unique_ptr<QWidget> opened(GraphWindows::open(selection, nullptr));
+    auto* window = qobject_cast<FrmRelayLogic*>(opened.get());
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->session().position(), 2);
+    EXPECT_EQ(window->session().tree()->gIndex,
+              rows.at(2).value(QStringLiteral("GIndex")).toLongLong());
+    // A kind of meter without a tree: the window tells why and does not open.
+    context.scratch->database().execute(
+        QStringLiteral("UPDATE ") +
+        SqlIdentifier::quote(numbers.table(QStringLiteral("LogDevices_"))) +
+        QStringLiteral(" SET [DeviceTypeID] = 2"));
+    EXPECT_EQ(GraphWindows::open(selection, nullptr), nullptr);
+    EXPECT_EQ(
+        messages.texts().last(),
+        QStringLiteral("Invalid device type #2, it is not a Halyx 12 Series or Unit 10 Talmo+."));
+    GraphWindows::remove(int(LogKind::Relays));
 }
