@@ -32,6 +32,7 @@ QString HelpTopics::pageName(const QString& topic)
         {QStringLiteral("LRMain"), QStringLiteral("selection-window.md")},
         {QStringLiteral("LRSort"), QStringLiteral("sort-options.md")},
         {QStringLiteral("LRWaveform"), QStringLiteral("waveform-window.md")},
+        {QStringLiteral("LRRelayLogic"), QStringLiteral("relay-logic.md")},
         {QStringLiteral("LRDBStatus"), QStringLiteral("log-grid.md")},
         {QStringLiteral("LRHistTrends"), QStringLiteral("log-grid.md")},
         {QStringLiteral("LRLimits"), QStringLiteral("log-grid.md")},

@@ -140,7 +140,10 @@ QString CliOutput::usageText()
                           "[--demand] [--extents default|nonzero|intelligent] [--json] "
                           "[--out FILE.csv]   the trend's sets and axis extents\n"
                           "  overview --meter FILE [--analyze] [--json]   the historical "
-                          "overview; --analyze writes its tables into the meter file\n");
+                          "overview; --analyze writes its tables into the meter file\n"
+                          "  relay-logic --meter FILE --gindex N [--json | --out "
+                          "FILE.svg|png|pdf] [--template PATH]   the relay logic tree of one "
+                          "relay record\n");
 }
 
 int CliOutput::usage(const QString& message)

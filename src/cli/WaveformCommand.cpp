@@ -5,8 +5,8 @@
 #include "CommandBoundary.h"
 #include "ExitCode.h"
 #include "FaultExitCode.h"
-#include "MeterArguments.h"
 #include "ScratchTemplate.h"
+#include "WholeMeterScratch.h"
 #include "graph/GraphRegistry.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
@@ -363,46 +363,23 @@ int WaveformCommand::run(const QStringList& arguments)
     Options o;
     if (const int code = parse(arguments, o); code != Success)
         return code;
-    if (o.templatePath.isEmpty())
-        o.templatePath = installedTemplate();
     try {
-        // A split-log meter is opened through its system event database, as the selection
-        // window does; the view then finds its capture logs beside it.
-        const std::optional<LogFileEntry> entry = MeterArguments::open(o.meter, 0);
-        if (!entry)
-            return FileMissing;
-
-        QTemporaryDir scratchFolder;
-        if (!scratchFolder.isValid()) {
-            CliOutput::error(QStringLiteral("cannot make a scratch folder: ") +
-                             scratchFolder.errorString());
-            return Failure;
-        }
-        auto scratch = createScratch(o.templatePath, scratchFolder.path());
-        // Every capture of the file, whatever its day, in one slice.
-        QueryContext context;
-        context.scratch = scratch.get();
-        context.files << *entry;
-        context.start = QDateTime(QDate(1980, 1, 1), QTime(0, 0, 0));
-        context.end = QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59));
-        context.tempLogRecSize = std::numeric_limits<int>::max();
+        WholeMeterScratch whole(o.meter, o.templatePath);
         SilentProgress progress;
-        context.progress = &progress;
+        auto& scratch = whole.scratch();
         // The rows come from the view of the graph's kind, as &Graph of the log grid has them.
         const GraphDefinition* graph = GraphRegistry::instance().find(QStringLiteral("waveform"));
         const ViewDefinition* rows = graph ? GraphRegistry::rowsView(*graph) : nullptr;
         if (!rows) {
             CliOutput::error(QStringLiteral("no view loads the rows of the waveform graph"));
-            scratch->closeAndDelete();
             return Failure;
         }
-        const ViewResult view = rows->run(context, {}).first();
+        const ViewResult view = rows->run(whole.context(), {}).first();
 
         WaveformCapture capture;
-        const bool opened = capture.open(scratch->database(), view.numbers, o.record, &progress);
+        const bool opened = capture.open(scratch.database(), view.numbers, o.record, &progress);
         if (!opened) {
             CliOutput::error(capture.message());
-            scratch->closeAndDelete();
             return exitCodeFor(capture.failure());
         }
         int code = Success;
@@ -416,7 +393,6 @@ int WaveformCommand::run(const QStringList& arguments)
             CliOutput::printJson(header(capture));
         else
             printText(header(capture));
-        scratch->closeAndDelete();
         return code;
     } catch (const Fault& fault) {
         rethrowNaming(fault, o.meter);

@@ -11,6 +11,7 @@
 #include "PowerGraphCommand.h"
 #include "PqHistogramCommand.h"
 #include "QueryCommand.h"
+#include "RelayLogicCommand.h"
 #include "SetupCommand.h"
 #include "StatusCommand.h"
 #include "TrendCommand.h"
@@ -18,12 +19,21 @@
 #include "WaveformCommand.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QHash>
 #include <QTextStream>
+#include <memory>
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
+    // A command that draws pictures needs the fonts of a GUI application, on the offscreen
+    // platform: the command line has no screen.
+    const bool draws = argc > 1 && qstrcmp(argv[1], "relay-logic") == 0;
+    if (draws)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::unique_ptr<QCoreApplication> app =
+        draws ? std::make_unique<QGuiApplication>(argc, argv)
+              : std::make_unique<QCoreApplication>(argc, argv);
     QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.isEmpty())
         return lorvane::cli::CliOutput::usage(QStringLiteral("no command given"));
@@ -47,6 +57,7 @@ int main(int argc, char* argv[])
         {QStringLiteral("graphs"), &lorvane::cli::GraphsCommand::run},
         {QStringLiteral("trend"), &lorvane::cli::TrendCommand::run},
         {QStringLiteral("overview"), &lorvane::cli::OverviewCommand::run},
+        {QStringLiteral("relay-logic"), &lorvane::cli::RelayLogicCommand::run},
     };
     const Runner runner = commands.value(command);
     if (!runner)

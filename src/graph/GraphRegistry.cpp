@@ -25,6 +25,9 @@ GraphRegistry::GraphRegistry()
         {int(LogKind::PowerQuality), QStringLiteral("pq"),
          QStringLiteral("power quality events by magnitude and duration against an envelope, "
                         "their counts in 3D and the magnitude histogram")},
+        {int(LogKind::Relays), QStringLiteral("relay-logic"),
+         QStringLiteral("a relay record's path from limits and inputs through gates and delays "
+                        "to the trip")},
     };
 }
 

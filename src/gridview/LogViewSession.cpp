@@ -434,22 +434,27 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
         action.kind = GraphAction::Kind::Message;
         action.message = withStop(text);
     };
-    switch (entry.logKind) {
-    case LogKind::Waveform:
+    // A graph of the chosen row: the window steps through the grid's rows from it, and makes
+    // its caption from the record it shows and the query's range, so that it follows P&rev and
+    // &Next.
+    auto chosenRow = [&](const QString& noRows, const QString& noChoice) {
         if (empty) {
-            message(userText("406010", "There are no waveforms"));
+            message(noRows);
         } else if (!selected) {
-            message(userText("406011", "Please select a waveform to graph"));
+            message(noChoice);
         } else {
             action.kind = GraphAction::Kind::Graph;
             action.selection.logKind = int(entry.logKind);
             action.selection.numbers = entry.result.numbers;
             action.selection.rows = grid.rowKeys;
             action.selection.position = row;
-            // The window makes its caption from the capture it shows and the query's range,
-            // so that it follows P&rev and &Next.
             action.selection.caption = entry.result.rangeText;
         }
+    };
+    switch (entry.logKind) {
+    case LogKind::Waveform:
+        chosenRow(userText("406010", "There are no waveforms"),
+                  userText("406011", "Please select a waveform to graph"));
         break;
     case LogKind::PowerQuality:
         // The graph draws every event of the query, whichever row is chosen; with none it
@@ -462,12 +467,8 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
         action.selection.caption = entry.result.rangeText;
         break;
     case LogKind::Relays:
-        // The relay logic tree is not built yet: the messages before it are answered, and
-        // the window keeps the button disabled.
-        if (empty)
-            message(userText("406012", "There are no relays"));
-        else if (!selected)
-            message(userText("406014", "Please select a relay record  to graph"));
+        chosenRow(userText("406012", "There are no relays"),
+                  userText("406014", "Please select a relay record  to graph"));
         break;
     case LogKind::Snapshots:
     case LogKind::Demand:

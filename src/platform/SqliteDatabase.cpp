@@ -103,6 +103,18 @@ QVariant SqliteDatabase::scalar(const QString& sql, const QVariantList& values)
     return statement.next() ? statement.value(0) : QVariant();
 }
 
+QVariantMap SqliteDatabase::firstRow(const QString& sql, const QVariantList& values)
+{
+    SqlStatement statement(*this, sql);
+    statement.bindAll(values);
+    QVariantMap row;
+    if (statement.next()) {
+        for (int c = 0; c < statement.columnCount(); ++c)
+            row.insert(statement.columnName(c), statement.value(c));
+    }
+    return row;
+}
+
 bool SqliteDatabase::hasRows(const QString& sql, const QVariantList& values)
 {
     SqlStatement statement(*this, sql);

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <QVariantMap>
 #include <memory>
 #include <vector>
 
@@ -44,6 +45,8 @@ public:
     void executeScript(const QString& sql);
     /// First column of the first row, or an invalid QVariant when there is no row.
     QVariant scalar(const QString& sql, const QVariantList& values = {});
+    /// The first row as column -> value, empty when there is no row.
+    QVariantMap firstRow(const QString& sql, const QVariantList& values = {});
     /// True when the statement returns at least one row.
     bool hasRows(const QString& sql, const QVariantList& values = {});
 

@@ -23,11 +23,12 @@ TEST(CliSetup, PrintsTheSettingsTablesOfTheMeter)
                                     QStringLiteral("relaylogdataitem")});
     ASSERT_EQ(relays.exitCode, 0) << relays.err.toStdString();
     const QStringList lines = relays.out.split(u'\n', Qt::SkipEmptyParts);
-    ASSERT_EQ(lines.size(), 4); // caption, heading, relays 0 and 1
+    ASSERT_EQ(lines.size(), 5); // caption, heading, relays 0, 1 and 2
     EXPECT_EQ(lines.at(0), QStringLiteral("RelayLogDataItem"));
     EXPECT_TRUE(lines.at(1).startsWith(QStringLiteral("Index,ModuleIndex,")));
     EXPECT_TRUE(lines.at(2).contains(QStringLiteral("Load Shed")));
     EXPECT_TRUE(lines.at(3).contains(QStringLiteral("Undervoltage Alarm")));
+    EXPECT_TRUE(lines.at(4).contains(QStringLiteral("Feeder Lockout")));
 
     const auto all = runProgram(QStringLiteral("lorvane-cli"), {QStringLiteral("setup"), meter});
     ASSERT_EQ(all.exitCode, 0);

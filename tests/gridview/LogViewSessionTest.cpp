@@ -428,6 +428,12 @@ TEST(LogViewSession, RelaySettingTakesTheDeviceTypeOfTheRowsOwnMeter)
     session.LoadQuery(true, nullptr);
     const GridTable relays = session.result().grids.first();
     EXPECT_EQ(session.graph(-1).message, QStringLiteral("Please select a relay record  to graph."));
+    // &Graph hands the relay logic window every relay row and the chosen one.
+    const LogViewSession::GraphAction open = session.graph(1);
+    ASSERT_EQ(open.kind, LogViewSession::GraphAction::Kind::Graph);
+    EXPECT_EQ(open.selection.logKind, int(LogKind::Relays));
+    EXPECT_EQ(open.selection.position, 1);
+    EXPECT_EQ(open.selection.rows, relays.rowKeys);
     QSet<qint64> seen;
     for (int row = 0; row < relays.rowKeys.size(); ++row) {
         const qint64 device =

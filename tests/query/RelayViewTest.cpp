@@ -33,7 +33,8 @@ TEST(RelayView, TripsJoinTheirSettingsAndTheOrphanRowIsDropped)
                   QStringLiteral("Relay Card 1"));
         const QString relay = column(relays, QStringLiteral("Relay Name")).at(r);
         EXPECT_TRUE(relay == QStringLiteral("Load Shed") ||
-                    relay == QStringLiteral("Undervoltage Alarm"));
+                    relay == QStringLiteral("Undervoltage Alarm") ||
+                    relay == QStringLiteral("Feeder Lockout"));
         devices.insert(column(relays, QStringLiteral("Device Name")).at(r));
     }
     EXPECT_EQ(devices, (QSet<QString>{QStringLiteral("Board"), QStringLiteral("Plant")}));
@@ -46,6 +47,12 @@ TEST(RelayView, TripsJoinTheirSettingsAndTheOrphanRowIsDropped)
     EXPECT_EQ(setting.rows.at(11).at(1), QStringLiteral("AND"));
     EXPECT_EQ(setting.rows.at(14).at(1), QStringLiteral("Limit 7 Ia Above 320 A"));
     // A device type with a gate table adds the gates A to G.
-    EXPECT_EQ(SetupRecordViews::relaySetting(db, view.numbers, 1, 1, 0, 1, 0).rows.size(),
-              setting.rows.size() + 7);
+    const GridTable gates = SetupRecordViews::relaySetting(db, view.numbers, 1, 1, 0, 2, 0);
+    ASSERT_EQ(gates.rows.size(), setting.rows.size() + 7);
+    // Fault: the gate rows named the whole LogicComb byte as a type, so an inverted input
+    // turned an AND into an OR; the type is bits 2 to 4.
+    EXPECT_EQ(gates.rows.at(11).at(1), QStringLiteral("XOR"));
+    EXPECT_EQ(gates.rows.mid(setting.rows.size()).first().at(1),
+              QStringLiteral("XOR, first input is inverted"));
+    EXPECT_EQ(gates.rows.last().at(1), QStringLiteral("OR"));
 }

@@ -19,6 +19,7 @@
 #include "platform/ui/SingleInstanceChannel.h"
 #include "powergraph/ui/PGraphMaker.h"
 #include "pqgraph/ui/PqGraphMaker.h"
+#include "relaylogic/ui/RelayLogicMaker.h"
 #include "store/TempQueryDatabase.h"
 #include "trend/ui/TrendGraphMaker.h"
 #include "waveform/ui/WaveGraphMaker.h"
@@ -168,6 +169,7 @@ void TalLorvane::createChildren()
                           if (frame)
                               frame->openGraph(selection);
                       });
+    RelayLogicMaker::add(m_context, help);
 
     connect(m_selection, &AllLogsFrm::viewRequested, this,
             [this](const ViewDispatch::Request& request) {

@@ -6,6 +6,7 @@
 #include "platform/UserText.h"
 #include "query/engine/EventCellText.h"
 #include "query/engine/GridCellText.h"
+#include "store/RelayGateByte.h"
 #include "store/SystemEventTexts.h"
 
 #include <QLocale>
@@ -24,17 +25,11 @@ bool isDeviceIndex(const QString& column)
 QVariantMap settingRow(SqliteDatabase& scratch, const QString& table, const QString& itemColumn,
                        const QVariantList& key)
 {
-    SqlStatement select = scratch.prepare(
+    return scratch.firstRow(
         QStringLiteral("SELECT * FROM %1 WHERE [DeviceIndex] = ? AND [Index] = ? AND "
                        "[ModuleIndex] = ? AND %2 = ? LIMIT 1")
-            .arg(SqlIdentifier::quote(table), SqlIdentifier::quote(itemColumn)));
-    select.bindAll(key);
-    QVariantMap row;
-    if (select.next()) {
-        for (int c = 0; c < select.columnCount(); ++c)
-            row.insert(select.columnName(c), select.value(c));
-    }
-    return row;
+            .arg(SqlIdentifier::quote(table), SqlIdentifier::quote(itemColumn)),
+        key);
 }
 
 /// The row of a copied setting table for one (device, `Index`), as column -> value; empty when
@@ -42,16 +37,10 @@ QVariantMap settingRow(SqliteDatabase& scratch, const QString& table, const QStr
 QVariantMap indexedRow(SqliteDatabase& scratch, const QString& table, qint64 deviceIndex,
                        qint64 index)
 {
-    SqlStatement select = scratch.prepare(
+    return scratch.firstRow(
         QStringLiteral("SELECT * FROM %1 WHERE [DeviceIndex] = ? AND [Index] = ? LIMIT 1")
-            .arg(SqlIdentifier::quote(table)));
-    select.bindAll({deviceIndex, index});
-    QVariantMap row;
-    if (select.next()) {
-        for (int c = 0; c < select.columnCount(); ++c)
-            row.insert(select.columnName(c), select.value(c));
-    }
-    return row;
+            .arg(SqlIdentifier::quote(table)),
+        {deviceIndex, index});
 }
 
 bool isNumber(const QVariant& value)
@@ -296,7 +285,9 @@ GridTable SetupRecordViews::relaySetting(SqliteDatabase& scratch, const QueryNum
     };
     const auto gate = [&](int n) {
         const QVariant comb = row.value(QStringLiteral("LogicComb%1").arg(n));
-        return comb.isNull() || !comb.isValid() ? QString() : texts.logicOperator(comb.toInt());
+        return comb.isNull() || !comb.isValid()
+                   ? QString()
+                   : texts.logicOperator(RelayGateByte::decode(comb.toLongLong()).type);
     };
     GridTable grid;
     grid.caption = userText("404061", "Show Relay Settings");
@@ -326,10 +317,11 @@ GridTable SetupRecordViews::relaySetting(SqliteDatabase& scratch, const QueryNum
     if (deviceTypeId == 0 || deviceTypeId == 4 || deviceTypeId == 5) {
         for (int n = 1; n <= 7; ++n) {
             QString text = gate(n);
-            const qint64 bits = row.value(QStringLiteral("LogicComb%1").arg(n)).toLongLong();
-            if (bits & 1)
+            const RelayGateByte bits =
+                RelayGateByte::decode(row.value(QStringLiteral("LogicComb%1").arg(n)).toLongLong());
+            if (bits.firstInverted)
                 text += QStringLiteral(", ") + userText("404078", "first input is inverted");
-            if (bits & 2)
+            if (bits.secondInverted)
                 text += QStringLiteral(", ") + userText("404079", "second input is inverted");
             grid.rows << QStringList{userText("404080", "Gate ") + QChar(u'A' + (n - 1)), text};
         }
