@@ -7,6 +7,7 @@
 #include "LabelCommand.h"
 #include "MeterArguments.h"
 #include "ScratchTemplate.h"
+#include "graph/paint/PictureFile.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/SqliteDatabase.h"
@@ -17,16 +18,16 @@
 #include "powergraph/PGraphScale.h"
 #include "powergraph/PGraphSession.h"
 #include "powergraph/PGraphTimeText.h"
+#include "powergraph/paint/PGraphPicture.h"
 #include "query/engine/QueryContext.h"
-#include "query/selection/MeterInventory.h"
 #include "query/views/snapshot/SnapshotView.h"
-#include "store/MeterDatabase.h"
 #include "store/StampedTime.h"
 #include "store/TempQueryDatabase.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QPainter>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -45,6 +46,7 @@ struct Options
     PGraphSession::Entries entries{
         QStringLiteral("130"), QStringLiteral("0"), QStringLiteral("1"), {}};
     bool json = false;
+    QString out;
 };
 
 int parse(const QStringList& arguments, Options& o)
@@ -88,6 +90,10 @@ int parse(const QStringList& arguments, Options& o)
                 return CliOutput::usage(QStringLiteral("not a time (YYYY-MM-DD[ HH:MM:SS]): ") +
                                         value);
             o.entries.start = PGraphTimeText::entry(start->toMSecsSinceEpoch());
+        } else if (a == QLatin1String("--out")) {
+            if (!PictureFile::knownSuffix(value))
+                return CliOutput::usage(QStringLiteral("--out takes a .png, .svg or .pdf file"));
+            o.out = value;
         } else if (a == QLatin1String("--min")) {
             o.entries.minY = value;
         } else if (a == QLatin1String("--max")) {
@@ -153,20 +159,12 @@ int PowerGraphCommand::run(const QStringList& arguments)
     Options o;
     if (const int code = parse(arguments, o); code != Success)
         return code;
-    if (!QFileInfo(o.meter).isFile()) {
-        CliOutput::error(QStringLiteral("file not found: ") + o.meter);
-        return FileMissing;
-    }
     QueryContext context;
     try {
-        MeterDatabase meter(o.meter);
-        const DeviceRecord record = MeterInventory::read(meter, 0);
-        LogFileEntry entry;
-        entry.dbPath = QFileInfo(o.meter).absoluteFilePath();
-        entry.deviceTypeId = record.deviceTypeId;
-        entry.hardwareName = record.hardwareName;
-        entry.used = true;
-        context.files << entry;
+        const std::optional<LogFileEntry> entry = MeterArguments::open(o.meter, 0);
+        if (!entry)
+            return FileMissing;
+        context.files << *entry;
         context.start = o.from;
         context.end = o.to;
         context.dataIds = o.points;
@@ -205,7 +203,18 @@ int PowerGraphCommand::run(const QStringList& arguments)
         if (const std::optional<QString> refused = session.apply(o.entries))
             return CliOutput::usage(*refused);
         scratch->closeAndDelete();
-        if (o.json)
+        if (!o.out.isEmpty()) {
+            // The window's drawing in the chart kind's factory colours.
+            const PGraphPicture picture(
+                &session, PGraphPalette(PowerGraphDefaults::factoryColors(o.kind), false));
+            const auto paint = [&picture](QPainter& painter, const QRectF& area) {
+                picture.paint(painter, area);
+            };
+            if (!PictureFile::save(o.out, {1150, 720}, QStringLiteral("Power Graph"), paint)) {
+                CliOutput::error(QStringLiteral("cannot write ") + o.out);
+                return Failure;
+            }
+        } else if (o.json)
             CliOutput::printJson(viewJson(session));
         else
             QTextStream(stdout) << PGraphExport::csv(session.items());

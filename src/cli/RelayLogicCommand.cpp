@@ -7,17 +7,19 @@
 #include "GridPrinter.h"
 #include "ScratchTemplate.h"
 #include "WholeMeterScratch.h"
+#include "graph/paint/PictureFile.h"
 #include "platform/Fault.h"
 #include "query/views/relay/RelayView.h"
 #include "relaylogic/RelayLogicBuilder.h"
 #include "relaylogic/RelayLogicGrid.h"
 #include "relaylogic/RelayLogicReader.h"
 #include "relaylogic/RelayLogicTexts.h"
-#include "relaylogic/paint/RelayLogicPictureFile.h"
+#include "relaylogic/paint/RelayLogicPicture.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QPainter>
 #include <QTextStream>
 
 namespace lorvane::cli {
@@ -64,7 +66,7 @@ int parse(const QStringList& arguments, Options& o)
         return CliOutput::usage(QStringLiteral("relay-logic needs --meter FILE and --gindex N"));
     if (o.json && !o.out.isEmpty())
         return CliOutput::usage(QStringLiteral("give either --json or --out"));
-    if (!o.out.isEmpty() && !RelayLogicPictureFile::knownSuffix(o.out))
+    if (!o.out.isEmpty() && !PictureFile::knownSuffix(o.out))
         return CliOutput::usage(QStringLiteral("--out takes a .svg, .png or .pdf file"));
     return Success;
 }
@@ -153,7 +155,11 @@ int RelayLogicCommand::run(const QStringList& arguments)
         const RelayLogicTree tree =
             RelayLogicReader::read(whole.scratch().database(), view.numbers, keys);
         if (!o.out.isEmpty()) {
-            if (!RelayLogicPictureFile::save(tree, o.out)) {
+            const auto paint = [&tree](QPainter& painter, const QRectF& area) {
+                RelayLogicPicture::paint(painter, area, tree);
+            };
+            if (!PictureFile::save(o.out, {1200, 700}, RelayLogicTexts::title(tree.deviceTypeId),
+                                   paint)) {
                 CliOutput::error(QStringLiteral("cannot write ") + o.out);
                 return Failure;
             }

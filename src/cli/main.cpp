@@ -28,7 +28,8 @@ int main(int argc, char* argv[])
 {
     // A command that draws pictures needs the fonts of a GUI application, on the offscreen
     // platform: the command line has no screen.
-    const bool draws = argc > 1 && qstrcmp(argv[1], "relay-logic") == 0;
+    const bool draws =
+        argc > 1 && (qstrcmp(argv[1], "relay-logic") == 0 || qstrcmp(argv[1], "power-graph") == 0);
     if (draws)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::unique_ptr<QCoreApplication> app =

@@ -4,6 +4,7 @@
 #include "support/TestEnvironment.h"
 #include "support/TestMeters.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -97,4 +98,30 @@ TEST(PowerGraphCommand, CsvRecordsAndRefusedEntries)
         EXPECT_TRUE(result.err.contains(QString::fromLatin1(c.message)))
             << result.err.toStdString();
     }
+}
+
+TEST(PowerGraphCommand, PicturesOfTheDrawnView)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    for (const char* suffix : {"svg", "png", "pdf"}) {
+        const QString out = dir.filePath(QStringLiteral("graph.") + QLatin1String(suffix));
+        const ProcessResult result = powerGraph(
+            {QStringLiteral("--points"), QStringLiteral("20617"), QStringLiteral("--out"), out,
+             QStringLiteral("--kind"), QStringLiteral("xy")});
+        ASSERT_EQ(result.exitCode, 0) << suffix << result.err.toStdString();
+        QFile file(out);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << suffix;
+        const QByteArray bytes = file.readAll();
+        EXPECT_GT(bytes.size(), 1000) << suffix;
+        // The SVG carries the drawn texts: the window's header and record count.
+        if (QLatin1String(suffix) == QLatin1String("svg")) {
+            EXPECT_TRUE(bytes.contains("Mar 04, 2024 to Mar 05, 2024"));
+            EXPECT_TRUE(bytes.contains("Total Number of Records: 180"));
+        }
+    }
+    EXPECT_EQ(powerGraph({QStringLiteral("--points"), QStringLiteral("20617"),
+                          QStringLiteral("--out"), dir.filePath(QStringLiteral("graph.bmp"))})
+                  .exitCode,
+              1);
 }

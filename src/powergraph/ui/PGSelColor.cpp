@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "PGSelColor.h"
 
-#include "PGraphPalette.h"
+#include "powergraph/paint/PGraphPalette.h"
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The XY graph of PGraphCanvas: value scale, time axis with clock and date, and the records.
-#include "PGraphCanvas.h"
+#include "PGraphPicture.h"
 #include "graph/NiceTicks.h"
 #include "powergraph/PGraphScale.h"
 #include "powergraph/PGraphSession.h"
@@ -13,7 +13,7 @@
 
 namespace lorvane {
 
-void PGraphCanvas::paintXY(QPainter& painter, const QRectF& area) const
+void PGraphPicture::paintXY(QPainter& painter, const QRectF& area) const
 {
     const PGraphView& view = m_session->view();
     const QFontMetricsF metrics(painter.font());

@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RelayLogicPictureFile.h"
-
-#include "RelayLogicPicture.h"
-#include "relaylogic/RelayLogicTexts.h"
+#include "PictureFile.h"
 
 #include <QFileInfo>
 #include <QImage>
@@ -20,33 +17,32 @@ QString suffix(const QString& path)
     return QFileInfo(path).suffix().toLower();
 }
 
-bool draw(QPaintDevice& device, const RelayLogicTree& tree, const QRectF& area)
+bool draw(QPaintDevice& device, const QRectF& area, const PictureFile::Paint& paint)
 {
     QPainter painter;
     if (!painter.begin(&device))
         return false;
     painter.fillRect(area, Qt::white);
-    RelayLogicPicture::paint(painter, area, tree);
+    paint(painter, area);
     return painter.end();
 }
 
 } // namespace
 
-bool RelayLogicPictureFile::knownSuffix(const QString& path)
+bool PictureFile::knownSuffix(const QString& path)
 {
     const QString s = suffix(path);
     return s == QLatin1String("png") || s == QLatin1String("svg") || s == QLatin1String("pdf");
 }
 
-bool RelayLogicPictureFile::save(const RelayLogicTree& tree, const QString& path, QSize size)
+bool PictureFile::save(const QString& path, QSize size, const QString& title, const Paint& paint)
 {
     const QString s = suffix(path);
     const QRectF area(QPointF(0, 0), QSizeF(size));
-    const QString title = RelayLogicTexts::title(tree.deviceTypeId);
     if (s == QLatin1String("png")) {
         QImage image(size, QImage::Format_ARGB32);
         image.fill(Qt::white);
-        return draw(image, tree, area) && image.save(path, "PNG");
+        return draw(image, area, paint) && image.save(path, "PNG");
     }
     if (s == QLatin1String("svg")) {
         QSvgGenerator svg;
@@ -54,7 +50,7 @@ bool RelayLogicPictureFile::save(const RelayLogicTree& tree, const QString& path
         svg.setSize(size);
         svg.setViewBox(area);
         svg.setTitle(title);
-        return draw(svg, tree, area) && QFileInfo(path).size() > 0;
+        return draw(svg, area, paint) && QFileInfo(path).size() > 0;
     }
     if (s == QLatin1String("pdf")) {
         QPdfWriter pdf(path);
@@ -62,7 +58,7 @@ bool RelayLogicPictureFile::save(const RelayLogicTree& tree, const QString& path
         pdf.setResolution(72);
         pdf.setPageSize(QPageSize(QSizeF(size), QPageSize::Point));
         pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
-        return draw(pdf, tree, area) && QFileInfo(path).size() > 0;
+        return draw(pdf, area, paint) && QFileInfo(path).size() > 0;
     }
     return false;
 }

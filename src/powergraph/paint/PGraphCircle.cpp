@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The circular chart of PGraphCanvas: dial, scale rings, hour or date marks and the records.
-#include "PGraphCanvas.h"
+#include "PGraphPicture.h"
 #include "powergraph/CircularChart.h"
 #include "powergraph/PGraphScale.h"
 #include "powergraph/PGraphSession.h"
@@ -11,7 +11,7 @@
 
 namespace lorvane {
 
-void PGraphCanvas::paintCircle(QPainter& painter, const QRectF& area) const
+void PGraphPicture::paintCircle(QPainter& painter, const QRectF& area) const
 {
     const PGraphView& view = m_session->view();
     const double listWidth = std::min(300.0, area.width() * 0.36);
