@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "PGSelColor.h"
 
-#include "powergraph/paint/PGraphPalette.h"
 #include "platform/UserMessages.h"
 #include "platform/UserText.h"
+#include "powergraph/paint/PGraphPalette.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
