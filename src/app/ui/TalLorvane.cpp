@@ -196,14 +196,18 @@ QWidget* TalLorvane::openGraph(const GraphSelection& selection)
     // The window's load enters the run's busy guard itself; a window that does not load has
     // shown its message, and no empty window stays behind.
     QWidget* window = GraphWindows::open(selection, nullptr);
-    if (!window)
-        return nullptr;
+    if (window)
+        showChild(window);
+    return window;
+}
+
+void TalLorvane::showChild(QWidget* window)
+{
     QMdiSubWindow* child = m_mdiArea->addSubWindow(window);
     child->setAttribute(Qt::WA_DeleteOnClose);
     child->setGeometry(m_mdiArea->viewport()->rect());
     child->show();
     m_mdiArea->setActiveSubWindow(child);
-    return window;
 }
 
 void TalLorvane::buildMenus()
@@ -234,6 +238,13 @@ void TalLorvane::buildMenus()
     QMenu* tools = menuBar()->addMenu(userText("100007", "&Tools"));
     m_exportPqdif = tools->addAction(userText("100008", "Export to &PQDIF"), this,
                                      [this] { m_selection->Command2_Click(pqdifButton); });
+    tools->addAction(userText("100060", "Historical &Overview"), this, [this] {
+        // Over meter 1 of the selection when one is open; the window names its own file else.
+        const QList<LogFileEntry> meters = m_selection->session().meters().usedFiles();
+        showChild(TrendGraphMaker::overview(m_context,
+                                            meters.isEmpty() ? QString() : meters.first().dbPath,
+                                            [this](QWidget* trend) { showChild(trend); }));
+    });
 
     QMenu* windows = menuBar()->addMenu(userText("100009", "&Windows"));
     windows->addAction(userText("100010", "&Cascade"), m_mdiArea, &QMdiArea::cascadeSubWindows);

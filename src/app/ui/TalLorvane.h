@@ -81,6 +81,8 @@ public:
     /// Opens the graph window of the selection's kind in a child window of its own; null when
     /// the kind has none or it refused to open (it has shown why).
     QWidget* openGraph(const GraphSelection& selection);
+    /// A window as a child of the frame, filling it and active.
+    void showChild(QWidget* window);
     /// Opens the user guide at `topic`; without the page it says that there is no help.
     void showHelp(const QString& topic);
     /// Opens "About QLM Lorvane".

@@ -3,25 +3,35 @@
 
 #include "app/RunContext.h"
 #include "frmGraphView.h"
+#include "frmSetSelection.h"
 #include "graph/ui/GraphWindows.h"
 #include "store/LogKind.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLineEdit>
 
 namespace lorvane {
+
+namespace {
+
+QString settingsFile(const RunContext& context)
+{
+    // The trend's colours sit beside the program's own settings file.
+    return QFileInfo(context.paths.settingsFile)
+        .dir()
+        .filePath(QStringLiteral("LogGraphSettings.ini"));
+}
+
+} // namespace
 
 void TrendGraphMaker::add(RunContext& context)
 {
     for (LogKind kind : {LogKind::Snapshots, LogKind::Demand}) {
         GraphWindows::add(
             int(kind), [&context](const GraphSelection& selection, QWidget* parent) -> QWidget* {
-                // The trend's colours sit beside the program's own settings file.
-                const QString settings = QFileInfo(context.paths.settingsFile)
-                                             .dir()
-                                             .filePath(QStringLiteral("LogGraphSettings.ini"));
-                auto* window =
-                    new frmGraphView(context.work, context.dictionary.get(), settings, parent);
+                auto* window = new frmGraphView(context.work, context.dictionary.get(),
+                                                settingsFile(context), parent);
                 if (!window->showGraph(request(selection))) {
                     delete window;
                     return nullptr;
@@ -29,6 +39,26 @@ void TrendGraphMaker::add(RunContext& context)
                 return window;
             });
     }
+}
+
+QWidget* TrendGraphMaker::overview(RunContext& context, const QString& meterPath,
+                                   const std::function<void(QWidget*)>& show)
+{
+    auto* window = new frmSetSelection(context.work);
+    QObject::connect(window, &frmSetSelection::viewRequested, window,
+                     [&context, show](const TrendRequest& request) {
+                         auto* trend = new frmGraphView(context.work, context.dictionary.get(),
+                                                        settingsFile(context));
+                         if (trend->showGraph(request))
+                             show(trend);
+                         else
+                             delete trend;
+                     });
+    if (!meterPath.isEmpty()) {
+        window->entryFilename()->setText(meterPath);
+        window->loadAnalysis();
+    }
+    return window;
 }
 
 TrendRequest TrendGraphMaker::request(const GraphSelection& selection)

@@ -23,6 +23,7 @@
 #include "support/TestEnvironment.h"
 #include "support/TestMeters.h"
 #include "support/ui/Screenshot.h"
+#include "trend/ui/frmSetSelection.h"
 #include "waveform/ui/TalWaveGraphPE.h"
 #include "waveform/ui/WaveGraphSetup.h"
 
@@ -216,6 +217,19 @@ TEST(FrameWindows, MenusForwardToTheSelectionWindowAndMirrorItsButtons)
     ASSERT_NE(waveformSetup, nullptr);
     EXPECT_TRUE(waveformSetup->isVisible());
     waveformSetup->reject();
+
+    // Tools > Historical Overview opens the overview in a child window of the frame.
+    QAction* overview = nullptr;
+    for (const QAction* menu : frame->menuBar()->actions())
+        if (menu->menu())
+            for (QAction* entry : menu->menu()->actions())
+                if (entry->text() == QLatin1String("Historical &Overview"))
+                    overview = entry;
+    ASSERT_NE(overview, nullptr);
+    overview->trigger();
+    auto* overviewWindow = frame->findChild<lorvane::frmSetSelection*>();
+    ASSERT_NE(overviewWindow, nullptr);
+    EXPECT_TRUE(overviewWindow->isVisible());
 
     // "Meter &1" presses selection button 0, which asks for a file.
     lorvane::AllLogsFrm* selection = frame->selectionWindow();
