@@ -12,6 +12,14 @@ struct AxisRange
 
     double span() const { return max - min; }
     double centre() const { return min + span() / 2; }
+    /// `value` of this range at the same share of `to` (two axes over one plot); the value
+    /// itself when either range is empty.
+    double mappedTo(double value, const AxisRange& to) const
+    {
+        if (!(span() > 0) || !(to.span() > 0))
+            return value;
+        return to.min + (value - min) / span() * to.span();
+    }
     bool operator==(const AxisRange&) const = default;
 };
 

@@ -2,6 +2,7 @@
 #include "LogViewSession.h"
 
 #include "LogViewTexts.h"
+#include "TrendHandOver.h"
 #include "platform/Fault.h"
 #include "platform/LoadProgress.h"
 #include "platform/UserText.h"
@@ -395,31 +396,6 @@ LogViewSession::GraphTarget LogViewSession::graphTarget(LogKind logKind)
     }
 }
 
-namespace {
-
-/// The hand-over of a snapshot or demand grid to the trend: one row for each data column of
-/// each meter (its id, its meter file and the query's range in time order).
-QList<QVariantMap> trendColumns(const QueryContext& context, LogKind kind)
-{
-    QList<QVariantMap> rows;
-    const QDateTime from = std::min(context.start, context.end);
-    const QDateTime to = std::max(context.start, context.end);
-    for (const LogFileEntry& file : context.files) {
-        if (!file.used)
-            continue;
-        const QList<qint64>& ids = kind == LogKind::Demand ? file.items.demandIds : context.dataIds;
-        for (qint64 id : ids)
-            rows.append({{QStringLiteral("DataID"), id},
-                         {QStringLiteral("DbPath"), file.dbPath},
-                         {QStringLiteral("DeviceTypeID"), file.deviceTypeId},
-                         {QStringLiteral("From"), from},
-                         {QStringLiteral("To"), to}});
-    }
-    return rows;
-}
-
-} // namespace
-
 LogViewSession::GraphAction LogViewSession::graph(int row) const
 {
     GraphAction action;
@@ -478,7 +454,7 @@ LogViewSession::GraphAction LogViewSession::graph(int row) const
             action.kind = GraphAction::Kind::Graph;
             action.selection.logKind = int(entry.logKind);
             action.selection.numbers = entry.result.numbers;
-            action.selection.rows = trendColumns(*entry.context, entry.logKind);
+            action.selection.rows = TrendHandOver::columns(*entry.context, entry.logKind);
             action.selection.caption = entry.result.rangeText;
         }
         break;

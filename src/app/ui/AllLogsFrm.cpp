@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AllLogsFrm.h"
 
+#include "SelectionButtonTexts.h"
 #include "app/RunContext.h"
 #include "platform/Fault.h"
 #include "platform/SqliteDatabase.h"
@@ -43,36 +44,6 @@ constexpr int tagRole = Qt::UserRole + 1;
 QString siblingTitle()
 {
     return userText("310001", "Tessera Ext");
-}
-
-struct ButtonText
-{
-    const char* captionId;
-    const char* caption;
-    const char* tipId;
-    const char* tip;
-};
-
-const std::array<ButtonText, ViewButtons::count>& viewButtonTexts()
-{
-    static const std::array<ButtonText, ViewButtons::count> texts{{
-        {"310010", "Database Status", "310030", "View Database Status"},
-        {"310011", "Snapshots", "310031", "View Snapshot"},
-        {"310012", "Demand", "310032", "View Demand"},
-        {"310013", "Limits", "310033", "View Limit"},
-        {"310014", "Waveform", "310034", "View Waveform"},
-        {"310015", "Power Quality", "310035", "View Power Quality"},
-        {"310016", "Vex*Grid Reports", "310036", "View Vex*Grid Reports"},
-        {"310017", "Status Change (Inputs)", "310037", "View Status Change (Inputs)"},
-        {"310018", "Control Output (Relays)", "310038", "View Control Output (Relays)"},
-        {"310019", "PQDIF Format", "310039", "Export waveform data to PQDIF"},
-        {"310020", "Energy Billing Module", "310040", "Energy Billing Module"},
-        {"310021", "Flicker", "310041", "Flicker"},
-        {"310022", "System Event", "310042", "System Event"},
-        {"310023", "COMTRADE", "310043", "COMTRADE Format"},
-        {"310024", "EN50160 / IEC 61000-4-30", "310044", "EN50160 / IEC 61000-4-30"},
-    }};
-    return texts;
 }
 
 /// The title the export hand-over would carry for an export button.
@@ -147,16 +118,8 @@ void AllLogsFrm::buildWindow()
     refreshRow->addWidget(m_refresh);
     leftLayout->addLayout(refreshRow);
 
-    static const std::array<ButtonText, 6> selectionTexts{{
-        {"310060", "Meter &1", "310070", "Select Meter 1"},
-        {"310061", "Meter &2", "310071", "Select Meter 2"},
-        {"310062", "&Data Points", "310072", "Select Snapshot Data Points"},
-        {"310063", "&Time Range", "310073", "Select Time Range"},
-        {"310064", "Back To &Halyx", "310074", "Back to "},
-        {"310065", "&Help", "310075", "Help"},
-    }};
     for (int i = 0; i < 6; ++i) {
-        const ButtonText& t = selectionTexts.at(static_cast<size_t>(i));
+        const ButtonText& t = selectionButtonTexts().at(static_cast<size_t>(i));
         auto* button = new QPushButton(userText(t.captionId, t.caption));
         button->setObjectName(QStringLiteral("Command3_%1").arg(i));
         QString tip = userText(t.tipId, t.tip);

@@ -168,18 +168,12 @@ AxisRange ChartCanvas::rightView() const
 
 double ChartCanvas::rightOf(double leftY) const
 {
-    const AxisRange& left = m_zoom.bounds().y;
-    if (!m_rightBounds || !(left.span() > 0))
-        return leftY;
-    return m_rightBounds->min + (leftY - left.min) / left.span() * m_rightBounds->span();
+    return m_rightBounds ? m_zoom.bounds().y.mappedTo(leftY, *m_rightBounds) : leftY;
 }
 
 double ChartCanvas::leftOf(double rightY) const
 {
-    const AxisRange& left = m_zoom.bounds().y;
-    if (!m_rightBounds || !(m_rightBounds->span() > 0))
-        return rightY;
-    return left.min + (rightY - m_rightBounds->min) / m_rightBounds->span() * left.span();
+    return m_rightBounds ? m_rightBounds->mappedTo(rightY, m_zoom.bounds().y) : rightY;
 }
 
 bool ChartCanvas::fitToData()
